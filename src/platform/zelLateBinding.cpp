@@ -1,0 +1,112 @@
+#include "platform/zelLateBinding.h"
+
+#include <QMetaMethod>
+#include <QMetaObject>
+#include <QMetaProperty>
+
+#include <vector>
+
+namespace zel {
+
+namespace {
+
+int findProperty(const QMetaObject *mo, const QString &name)
+{
+    const QByteArray exact = name.toUtf8();
+    const int idx = mo->indexOfProperty(exact.constData());
+    if (idx >= 0)
+        return idx;
+    for (int i = 0; i < mo->propertyCount(); ++i)
+        if (QString::fromLatin1(mo->property(i).name()).compare(name, Qt::CaseInsensitive) == 0)
+            return i;
+    return -1;
+}
+
+// Converts a value to a parameter's type; a QVariant parameter takes it as is.
+bool convertTo(QVariant &v, QMetaType type)
+{
+    if (type == QMetaType::fromType<QVariant>() || v.metaType() == type)
+        return true;
+    if (!v.isValid()) {
+        v = QVariant(type);
+        return true;
+    }
+    return v.convert(type);
+}
+
+} // namespace
+
+QVariant GetProperty(const QObject *object, const QString &name)
+{
+    if (!object)
+        return {};
+    const int idx = findProperty(object->metaObject(), name);
+    if (idx < 0)
+        return {};
+    return object->metaObject()->property(idx).read(object);
+}
+
+bool SetProperty(QObject *object, const QString &name, const QVariant &value)
+{
+    if (!object)
+        return false;
+    const int idx = findProperty(object->metaObject(), name);
+    if (idx < 0)
+        return false;
+    const QMetaProperty prop = object->metaObject()->property(idx);
+    if (!prop.isWritable())
+        return false;
+    return prop.write(object, value);
+}
+
+QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok)
+{
+    if (ok)
+        *ok = false;
+    if (!object)
+        return {};
+    const QMetaObject *mo = object->metaObject();
+    for (int i = mo->methodCount() - 1; i >= 0; --i) {
+        const QMetaMethod m = mo->method(i);
+        if (m.methodType() != QMetaMethod::Method && m.methodType() != QMetaMethod::Slot)
+            continue;
+        if (m.parameterCount() != args.size() ||
+            QString::fromLatin1(m.name()).compare(method, Qt::CaseInsensitive) != 0)
+            continue;
+
+        QVariantList converted = args;
+        bool convertible = true;
+        for (int p = 0; p < m.parameterCount() && convertible; ++p)
+            convertible = convertTo(converted[p], m.parameterMetaType(p));
+        if (!convertible)
+            continue;
+
+        QVariant result;
+        const QMetaType rt = m.returnMetaType();
+        if (rt.isValid() && rt.id() != QMetaType::Void)
+            result = QVariant(rt);
+
+        // Each argument is handed over as the address of its storage, so that
+        // a by-reference parameter writes back into converted[p].
+        std::vector<void *> argv(size_t(m.parameterCount()) + 1);
+        argv[0] = result.isValid() ? result.data() : nullptr;
+        for (int p = 0; p < m.parameterCount(); ++p)
+            argv[size_t(p) + 1] = m.parameterMetaType(p) == QMetaType::fromType<QVariant>()
+                                      ? static_cast<void *>(&converted[p])
+                                      : converted[p].data();
+        object->qt_metacall(QMetaObject::InvokeMetaMethod, i, argv.data());
+        args = converted;
+        if (ok)
+            *ok = true;
+        return result;
+    }
+    return {};
+}
+
+QVariant CallByName(QObject *object, const QString &method, const QVariantList &args, bool *ok)
+{
+    QVariantList copy = args;
+    return CallByName(object, method, copy, ok);
+}
+
+} // namespace zel

@@ -1,0 +1,29 @@
+#pragma once
+
+// Late-bound access by name, as a script engine or another language binding
+// reaches an object: properties and methods are looked up by name without
+// regard to letter case, arguments are converted to the parameter types, and
+// by-reference parameters come back in the argument list.
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+
+namespace zel {
+
+// The value of a property; an invalid QVariant when there is no such property.
+QVariant GetProperty(const QObject *object, const QString &name);
+// Writes a property; false when there is no such writable property or the
+// value cannot be converted to its type.
+bool SetProperty(QObject *object, const QString &name, const QVariant &value);
+
+// Calls a Q_INVOKABLE method or slot by name with as many arguments as args
+// holds (a method with defaults is found with fewer). Answers the method's
+// result, and writes back the by-reference arguments into args. ok (when
+// given) says whether a method was found and called.
+QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok = nullptr);
+QVariant CallByName(QObject *object, const QString &method, const QVariantList &args = {},
+                    bool *ok = nullptr);
+
+} // namespace zel

@@ -1,0 +1,19 @@
+#pragma once
+
+// zelCtrl: Qt Widgets controls for desktop mapping and data-management
+// applications. Include this header and link zelCtrl::zelCtrl.
+
+#include "platform/zelLateBinding.h"
+#include "platform/zelObjectFactory.h"
+#include "platform/zelPlatform.h"
+#include "platform/zelPropertyBag.h"
+
+#include "core/mLog.h"
+#include "core/zelConvert.h"
+#include "core/zelError.h"
+#include "core/zelFieldFrame.h"
+#include "core/zelKeyedCollection.h"
+#include "core/zelPropertyReader.h"
+#include "core/zelTrail.h"
+
+#include "fields/zelInputBox.h"

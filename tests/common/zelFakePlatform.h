@@ -1,0 +1,112 @@
+#pragma once
+
+// A recording platform for the tests: message boxes are answered and kept,
+// beeps counted, focus moves recorded, settings held in memory, the colour
+// and file dialogs answered from fields, and the logger component replaced by
+// one that keeps every message. zelTestScope installs it for one test.
+
+#include "core/mLog.h"
+#include "platform/zelObjectFactory.h"
+#include "platform/zelPlatform.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QPalette>
+#include <QPointer>
+#include <QVariantList>
+#include <QWidget>
+
+#include <memory>
+
+class zelFakePlatform : public zel::Platform
+{
+public:
+    struct Message
+    {
+        QString text;
+        QString title;
+    };
+
+    QList<Message> messages;
+    int beeps = 0;
+    QList<QPointer<QWidget>> tabsFrom;
+    bool moveFocusOnTab = true;
+    QHash<QString, QVariant> userSettings;
+    QHash<QString, QVariant> machineSettings;
+
+    // The colour dialog: false = the user cancels.
+    bool colorDialogAccepts = true;
+    quint32 colorDialogAnswer = 0;
+    QList<quint32> colorDialogPresets;
+
+    QString openFileAnswer;
+    double twipsPerPixel = 15.0;
+
+    void MessageBox(const QString &text, const QString &title, QWidget *) override
+    {
+        messages.append({text, title});
+    }
+    void Beep() override { ++beeps; }
+    void SendTab(QWidget *from) override
+    {
+        tabsFrom.append(from);
+        if (moveFocusOnTab)
+            zel::Platform::SendTab(from);
+    }
+    QVariant ReadSetting(zel::SettingsScope scope, const QString &key, const QVariant &def) override
+    {
+        const auto &store = scope == zel::SettingsScope::User ? userSettings : machineSettings;
+        return store.value(key, def);
+    }
+    bool ChooseColor(quint32 &colour, QWidget *) override
+    {
+        colorDialogPresets.append(colour);
+        if (!colorDialogAccepts)
+            return false;
+        colour = colorDialogAnswer;
+        return true;
+    }
+    QString ChooseOpenFile(const QString &, const QString &, QWidget *) override
+    {
+        return openFileAnswer;
+    }
+    double TwipsPerPixel() override { return twipsPerPixel; }
+};
+
+// The logger component of the tests: keeps every call.
+class zelCaptureLogger : public QObject
+{
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    static QList<QVariantList> errors;
+    static QList<QVariantList> traces;
+    static int created;
+    static bool failing; // throw from every call, as a broken logger would
+
+    Q_INVOKABLE void ErrorMessage(const QString &app, const QString &version, const QString &source,
+                                  qint32 number, const QString &errSource,
+                                  const QString &description, const QString &moreInfo);
+    Q_INVOKABLE void TraceMessage(const QString &app, const QString &version, const QString &source,
+                                  const QString &text1, const QString &text2);
+};
+
+// Installs the fake platform and the capturing logger, and gives the log a
+// fresh process state; all is undone when the scope ends.
+class zelTestScope
+{
+public:
+    zelTestScope();
+    ~zelTestScope();
+    zelFakePlatform &fake() { return *m_fake; }
+
+    static constexpr const char *LoggerProgId = "zelTest.CaptureLogger";
+
+private:
+    zelFakePlatform *m_fake;
+    std::unique_ptr<zel::Platform> m_previous;
+};
+
+// Error messages that reached the logger with this trail source.
+int zelLoggedErrors(const QString &source = QString());
