@@ -14,6 +14,7 @@
 #include "core/zelFieldFrame.h"
 #include "core/zelKeyedCollection.h"
 #include "core/zelPropertyReader.h"
+#include "core/zelShared.h"
 #include "core/zelTrail.h"
 
 #include "fields/zelInputBox.h"
