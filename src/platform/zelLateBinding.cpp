@@ -12,11 +12,9 @@ namespace {
 
 int findProperty(const QMetaObject *mo, const QString &name)
 {
-    const QByteArray exact = name.toUtf8();
-    const int idx = mo->indexOfProperty(exact.constData());
-    if (idx >= 0)
-        return idx;
-    for (int i = 0; i < mo->propertyCount(); ++i)
+    // The most derived class first: "WIDTH" is the control's Width, not
+    // QWidget's width.
+    for (int i = mo->propertyCount() - 1; i >= 0; --i)
         if (QString::fromLatin1(mo->property(i).name()).compare(name, Qt::CaseInsensitive) == 0)
             return i;
     return -1;
