@@ -10,13 +10,15 @@
 // - Clear() replaces the inner storage, so an enumerator taken before keeps
 //   walking the old members.
 //
-// Members are stored in chunks of at most 2 * ChunkSize pointers. Each member
-// knows its chunk and its index there, and each chunk its first position, so
-// key -> position, key -> member and position -> member are all constant time
-// in practice (a position lookup is a direct chunk index while the chunks
-// are uniform, a short binary search over the chunk starts otherwise), and an
-// insert or removal in the middle moves at most one chunk's pointers plus one
-// integer per chunk.
+// Members are stored in chunks of at most 2 * ChunkSize entries, each chunk
+// knowing the position of its first member. A slot holds the member itself,
+// so position -> member is one chunk lookup (direct while the chunks are
+// uniform, a short walk from the proportional guess otherwise) and one array
+// read. A keyed member also has a node in the key table that holds the
+// member, its chunk and a hint of its index there, so key -> member is one
+// hash lookup and key -> position a look at the hint or a scan of one chunk.
+// An insert or removal moves the entries of one chunk and adds one integer per
+// chunk; it never walks the members of other chunks.
 
 #include <QString>
 #include <QVariant>
@@ -57,74 +59,91 @@ template <typename T> class zelKeyedCollection
 {
 public:
     using Ptr = std::shared_ptr<T>;
-    static constexpr qsizetype ChunkSize = 1024;
+    static constexpr qsizetype ChunkSize = 512;
 
 private:
     struct Chunk;
-    struct Node
+    struct Node // one per keyed member, kept inside the key table
     {
         Ptr value;
-        QString key;
         Chunk *chunk = nullptr;
-        qsizetype idx = 0; // index inside the chunk
+        qsizetype hint = 0;           // index in the chunk when last looked at
+        const QString *key = nullptr; // the table's own copy
+    };
+    struct Slot
+    {
+        Ptr value;
+        Node *node = nullptr; // null for a member without key
     };
     struct Chunk
     {
-        std::vector<Node *> nodes;
+        std::vector<Slot> entries;
         qsizetype index = 0; // index of the chunk in Storage::chunks
     };
     struct Storage
     {
         std::vector<std::unique_ptr<Chunk>> chunks;
-        std::vector<qsizetype> starts; // 0-based position of each chunk's first member
-        std::unordered_map<QString, Node *, CaseInsensitiveHash, CaseInsensitiveEqual> keys;
+        std::vector<qsizetype> starts; // position (0-based) of each chunk's first member
+        // Each chunk's entry array, side by side, so that a position lookup
+        // reads two small contiguous arrays before the entry itself.
+        std::vector<Slot *> bases;
+        // Elements of an unordered_map keep their address until erased, so
+        // entries point straight at the nodes inside it.
+        std::unordered_map<QString, Node, CaseInsensitiveHash, CaseInsensitiveEqual> keys;
         qsizetype count = 0;
         bool uniform = true; // every chunk but the last holds exactly ChunkSize members
 
         Storage() = default;
         Storage(const Storage &) = delete;
         Storage &operator=(const Storage &) = delete;
-        ~Storage()
-        {
-            for (auto &c : chunks)
-                for (Node *n : c->nodes)
-                    delete n;
-        }
 
         qsizetype chunkOf(qsizetype pos) const // pos 0-based and in range
         {
-            if (uniform) {
-                const qsizetype c = pos / ChunkSize;
-                if (c < qsizetype(chunks.size()))
+            const qsizetype n = qsizetype(chunks.size());
+            qsizetype c = std::min(pos / ChunkSize, n - 1);
+            if (uniform)
+                return c;
+            // After edits the chunks are close to uniform: a few steps at most.
+            for (int step = 0; step < 8; ++step) {
+                if (starts[size_t(c)] > pos)
+                    --c;
+                else if (c + 1 < n && starts[size_t(c) + 1] <= pos)
+                    ++c;
+                else
                     return c;
             }
             const auto it = std::upper_bound(starts.begin(), starts.end(), pos);
             return qsizetype(it - starts.begin()) - 1;
         }
 
-        Node *nodeAt(qsizetype pos) const
+        const Slot &slotAt(qsizetype pos) const
         {
             const qsizetype c = chunkOf(pos);
-            return chunks[size_t(c)]->nodes[size_t(pos - starts[size_t(c)])];
+            return bases[size_t(c)][pos - starts[size_t(c)]];
         }
 
-        qsizetype positionOf(const Node *n) const
+        void refresh(qsizetype c) { bases[size_t(c)] = chunks[size_t(c)]->entries.data(); }
+
+        qsizetype indexInChunk(Node *n) const
         {
-            return starts[size_t(n->chunk->index)] + n->idx;
+            const std::vector<Slot> &entries = n->chunk->entries;
+            if (n->hint < qsizetype(entries.size()) && entries[size_t(n->hint)].node == n)
+                return n->hint;
+            for (qsizetype i = 0, m = qsizetype(entries.size()); i < m; ++i)
+                if (entries[size_t(i)].node == n)
+                    return n->hint = i;
+            return -1; // cannot happen while the node is in the table
+        }
+
+        qsizetype positionOf(Node *n) const
+        {
+            return starts[size_t(n->chunk->index)] + indexInChunk(n);
         }
 
         void renumberChunks(qsizetype from)
         {
             for (qsizetype c = from; c < qsizetype(chunks.size()); ++c)
                 chunks[size_t(c)]->index = c;
-        }
-
-        void reindexNodes(Chunk *chunk, qsizetype from)
-        {
-            for (qsizetype i = from; i < qsizetype(chunk->nodes.size()); ++i) {
-                chunk->nodes[size_t(i)]->chunk = chunk;
-                chunk->nodes[size_t(i)]->idx = i;
-            }
         }
 
         void shiftStarts(qsizetype fromChunk, qsizetype delta)
@@ -134,35 +153,43 @@ private:
                 s[c] += delta;
         }
 
-        void append(Node *n)
+        void append(Slot slot)
         {
-            if (chunks.empty() || qsizetype(chunks.back()->nodes.size()) >= ChunkSize) {
-                if (!chunks.empty() && qsizetype(chunks.back()->nodes.size()) != ChunkSize)
+            if (chunks.empty() || qsizetype(chunks.back()->entries.size()) >= ChunkSize) {
+                if (!chunks.empty() && qsizetype(chunks.back()->entries.size()) != ChunkSize)
                     uniform = false;
                 auto c = std::make_unique<Chunk>();
-                c->nodes.reserve(size_t(ChunkSize));
+                c->entries.reserve(size_t(ChunkSize));
                 c->index = qsizetype(chunks.size());
                 starts.push_back(count);
+                bases.push_back(c->entries.data());
                 chunks.push_back(std::move(c));
             }
             Chunk *c = chunks.back().get();
-            n->chunk = c;
-            n->idx = qsizetype(c->nodes.size());
-            c->nodes.push_back(n);
+            if (slot.node) {
+                slot.node->chunk = c;
+                slot.node->hint = qsizetype(c->entries.size());
+            }
+            c->entries.push_back(std::move(slot));
+            bases.back() = c->entries.data();
             ++count;
         }
 
-        void insert(qsizetype pos, Node *n) // 0 <= pos < count
+        void insert(qsizetype pos, Slot slot) // 0 <= pos < count
         {
             const qsizetype ci = chunkOf(pos);
             Chunk *c = chunks[size_t(ci)].get();
             const qsizetype local = pos - starts[size_t(ci)];
-            c->nodes.insert(c->nodes.begin() + local, n);
-            reindexNodes(c, local);
+            if (slot.node) {
+                slot.node->chunk = c;
+                slot.node->hint = local;
+            }
+            c->entries.insert(c->entries.begin() + local, std::move(slot));
+            refresh(ci);
             shiftStarts(ci + 1, 1);
             ++count;
             uniform = false;
-            if (qsizetype(c->nodes.size()) > 2 * ChunkSize)
+            if (qsizetype(c->entries.size()) > 2 * ChunkSize)
                 split(ci);
         }
 
@@ -170,35 +197,50 @@ private:
         {
             Chunk *c = chunks[size_t(ci)].get();
             auto tail = std::make_unique<Chunk>();
-            const qsizetype half = qsizetype(c->nodes.size()) / 2;
-            tail->nodes.assign(c->nodes.begin() + half, c->nodes.end());
-            c->nodes.resize(size_t(half));
+            const qsizetype half = qsizetype(c->entries.size()) / 2;
+            tail->entries.assign(std::make_move_iterator(c->entries.begin() + half),
+                                 std::make_move_iterator(c->entries.end()));
+            c->entries.resize(size_t(half));
+            for (qsizetype i = 0; i < qsizetype(tail->entries.size()); ++i)
+                if (Node *n = tail->entries[size_t(i)].node) {
+                    n->chunk = tail.get();
+                    n->hint = i;
+                }
             starts.insert(starts.begin() + ci + 1, starts[size_t(ci)] + half);
+            bases.insert(bases.begin() + ci + 1, tail->entries.data());
             chunks.insert(chunks.begin() + ci + 1, std::move(tail));
+            refresh(ci);
             renumberChunks(ci + 1);
-            reindexNodes(chunks[size_t(ci) + 1].get(), 0);
         }
 
-        void erase(Node *n)
+        void eraseAt(Chunk *c, qsizetype local)
         {
-            Chunk *c = n->chunk;
             const qsizetype ci = c->index;
-            const bool last = ci + 1 == qsizetype(chunks.size());
-            c->nodes.erase(c->nodes.begin() + n->idx);
-            reindexNodes(c, n->idx);
+            Node *node = c->entries[size_t(local)].node;
+            c->entries.erase(c->entries.begin() + local);
             shiftStarts(ci + 1, -1);
             --count;
-            if (!last)
+            if (ci + 1 != qsizetype(chunks.size()))
                 uniform = false;
-            if (c->nodes.empty()) {
+            if (c->entries.empty()) {
                 chunks.erase(chunks.begin() + ci);
                 starts.erase(starts.begin() + ci);
+                bases.erase(bases.begin() + ci);
                 renumberChunks(ci);
+            } else {
+                refresh(ci);
             }
-            if (!n->key.isEmpty())
-                keys.erase(n->key);
-            delete n;
+            if (node)
+                keys.erase(*node->key);
         }
+
+        void erasePosition(qsizetype pos)
+        {
+            const qsizetype ci = chunkOf(pos);
+            eraseAt(chunks[size_t(ci)].get(), pos - starts[size_t(ci)]);
+        }
+
+        void eraseNode(Node *n) { eraseAt(n->chunk, indexInChunk(n)); }
     };
 
 public:
@@ -219,13 +261,18 @@ public:
                 return false;
             if (!key.isEmpty() && s.keys.find(key) != s.keys.end())
                 return false;
-            auto *n = new Node{std::move(item), key};
+            Slot slot{item, nullptr};
+            if (!key.isEmpty()) {
+                auto [it, inserted] = s.keys.try_emplace(key);
+                Q_UNUSED(inserted);
+                it->second.value = item;
+                it->second.key = &it->first;
+                slot.node = &it->second;
+            }
             if (before == 0)
-                s.append(n);
+                s.append(std::move(slot));
             else
-                s.insert(before - 1, n);
-            if (!key.isEmpty())
-                s.keys.emplace(key, n);
+                s.insert(before - 1, std::move(slot));
             return true;
         } catch (...) {
             return false;
@@ -247,14 +294,14 @@ public:
     {
         if (pos < 1 || pos > m_s->count)
             return Ptr();
-        return m_s->nodeAt(pos - 1)->value;
+        return m_s->slotAt(pos - 1).value;
     }
     Ptr ItemByKey(const QString &key) const
     {
         if (key.isEmpty())
             return Ptr();
         const auto it = m_s->keys.find(key);
-        return it == m_s->keys.end() ? Ptr() : it->second->value;
+        return it == m_s->keys.end() ? Ptr() : it->second.value;
     }
     // 1-based position of the member with this key; 0 when there is none.
     qint32 IndexOfKey(const QString &key) const
@@ -262,7 +309,7 @@ public:
         if (key.isEmpty())
             return 0;
         const auto it = m_s->keys.find(key);
-        return it == m_s->keys.end() ? 0 : qint32(m_s->positionOf(it->second) + 1);
+        return it == m_s->keys.end() ? 0 : qint32(m_s->positionOf(&it->second) + 1);
     }
     bool ContainsKey(const QString &key) const { return IndexOfKey(key) != 0; }
     // The key a member was added under ("" for none or out of range).
@@ -270,7 +317,8 @@ public:
     {
         if (pos < 1 || pos > m_s->count)
             return QString();
-        return m_s->nodeAt(pos - 1)->key;
+        const Node *n = m_s->slotAt(pos - 1).node;
+        return n ? *n->key : QString();
     }
 
     bool Remove(const QVariant &vKey)
@@ -286,7 +334,7 @@ public:
     {
         if (pos < 1 || pos > m_s->count)
             return false;
-        m_s->erase(m_s->nodeAt(pos - 1));
+        m_s->erasePosition(pos - 1);
         return true;
     }
     bool RemoveKey(const QString &key)
@@ -296,7 +344,7 @@ public:
         const auto it = m_s->keys.find(key);
         if (it == m_s->keys.end())
             return false;
-        m_s->erase(it->second);
+        m_s->eraseNode(&it->second);
         return true;
     }
 
@@ -311,7 +359,7 @@ public:
         {
             if (!m_s || m_pos >= m_s->count)
                 return Ptr();
-            return m_s->nodeAt(m_pos++)->value;
+            return m_s->slotAt(m_pos++).value;
         }
         void Reset() { m_pos = 0; }
 
@@ -327,10 +375,10 @@ public:
     class const_iterator
     {
     public:
-        const Ptr &operator*() const { return (*m_chunks)[m_c]->nodes[m_i]->value; }
+        const Ptr &operator*() const { return (*m_chunks)[m_c]->entries[m_i].value; }
         const_iterator &operator++()
         {
-            if (++m_i >= (*m_chunks)[m_c]->nodes.size()) {
+            if (++m_i >= (*m_chunks)[m_c]->entries.size()) {
                 m_i = 0;
                 ++m_c;
             }
