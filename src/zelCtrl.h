@@ -18,3 +18,6 @@
 #include "core/zelTrail.h"
 
 #include "fields/zelInputBox.h"
+#include "fields/zelColorPicker.h"
+#include "fields/zelDateTime.h"
+#include "fields/zelOleDate.h"
