@@ -18,6 +18,9 @@
 #include "core/zelTrail.h"
 
 #include "fields/zelInputBox.h"
+#include "fields/zelColorPicker.h"
+#include "fields/zelDateTime.h"
+#include "fields/zelOleDate.h"
 
 #include "buttons/zelButtonBar.h"
 #include "buttons/zelButtonEnums.h"

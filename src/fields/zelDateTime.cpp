@@ -1,0 +1,682 @@
+#include "fields/zelDateTime.h"
+
+#include "core/zelConvert.h"
+#include "core/zelPropertyReader.h"
+#include "core/zelTrail.h"
+#include "fields/zelOleDate.h"
+#include "platform/zelObjectFactory.h"
+#include "platform/zelPlatform.h"
+
+#include <QCoreApplication>
+#include <QDateTimeEdit>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QScopedValueRollback>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QTimer>
+
+#include <cmath>
+
+ZEL_REGISTER_PROGID(zelDateTime);
+
+namespace {
+
+// The picker's formats: a drop-down calendar for dates, an up-down editor
+// for times.
+const QString dateFormat = QStringLiteral("MMM dd, yyyy");
+const QString timeFormat = QStringLiteral("hh:mm AP");
+
+bool isSeparator(QChar c)
+{
+    return c == QLatin1Char('/') || c == QLatin1Char('-') || c == QLatin1Char('.') ||
+           c == QLatin1Char(' ');
+}
+
+bool isDigit(QChar c)
+{
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+// Whether a text can stand in the text box while a date is being typed.
+bool fitsDateEntry(const QString &text, const zelDateEntryRule &rule)
+{
+    if (text.size() > zelDateMaxTyped)
+        return false;
+    int group = 0;
+    qsizetype digits = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (isDigit(c)) {
+            ++digits;
+            if (digits > (group == rule.YearGroup ? 4 : 2))
+                return false;
+        } else if (isSeparator(c)) {
+            if (digits == 0 || group == 2)
+                return false; // at the start, behind another one, or a third
+            ++group;
+            digits = 0;
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The key code of a key press as the classic KeyPress sees it; 0 for keys
+// that type nothing (arrows, function keys), which never reach KeyPress.
+qint16 keyAscii(const QKeyEvent *e)
+{
+    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
+        return 13;
+    const QString text = e->text();
+    if (text.size() != 1)
+        return 0;
+    return qint16(text.at(0).unicode());
+}
+
+// The classic virtual key code of a key; 0 for keys that have none.
+qint16 keyCode(const QKeyEvent *e)
+{
+    const int k = e->key();
+    const bool keypad = e->modifiers() & Qt::KeypadModifier;
+    if (k >= Qt::Key_A && k <= Qt::Key_Z)
+        return qint16(k);
+    if (k >= Qt::Key_0 && k <= Qt::Key_9)
+        return qint16(keypad ? 96 + (k - Qt::Key_0) : k);
+    if (k >= Qt::Key_F1 && k <= Qt::Key_F24)
+        return qint16(112 + (k - Qt::Key_F1));
+    switch (k) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Shift:
+        return 16;
+    case Qt::Key_Control:
+        return 17;
+    case Qt::Key_Alt:
+        return 18;
+    case Qt::Key_Pause:
+        return 19;
+    case Qt::Key_CapsLock:
+        return 20;
+    case Qt::Key_Escape:
+        return 27;
+    case Qt::Key_Space:
+        return 32;
+    case Qt::Key_PageUp:
+        return 33;
+    case Qt::Key_PageDown:
+        return 34;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_Left:
+        return 37;
+    case Qt::Key_Up:
+        return 38;
+    case Qt::Key_Right:
+        return 39;
+    case Qt::Key_Down:
+        return 40;
+    case Qt::Key_Insert:
+        return 45;
+    case Qt::Key_Delete:
+        return 46;
+    case Qt::Key_Asterisk:
+        return keypad ? 106 : 0;
+    case Qt::Key_Plus:
+        return keypad ? 107 : 187;
+    case Qt::Key_Minus:
+        return keypad ? 109 : 189;
+    case Qt::Key_Period:
+        return keypad ? 110 : 190;
+    case Qt::Key_Slash:
+        return keypad ? 111 : 191;
+    case Qt::Key_NumLock:
+        return 144;
+    case Qt::Key_ScrollLock:
+        return 145;
+    case Qt::Key_Semicolon:
+        return 186;
+    case Qt::Key_Equal:
+        return 187;
+    case Qt::Key_Comma:
+        return 188;
+    case Qt::Key_QuoteLeft:
+        return 192;
+    case Qt::Key_BracketLeft:
+        return 219;
+    case Qt::Key_Backslash:
+        return 220;
+    case Qt::Key_BracketRight:
+        return 221;
+    case Qt::Key_Apostrophe:
+        return 222;
+    default:
+        return 0;
+    }
+}
+
+qint16 shiftState(const QKeyEvent *e)
+{
+    qint16 s = 0;
+    if (e->modifiers() & Qt::ShiftModifier)
+        s |= 1;
+    if (e->modifiers() & Qt::ControlModifier)
+        s |= 2;
+    if (e->modifiers() & Qt::AltModifier)
+        s |= 4;
+    return s;
+}
+
+QRect toPixels(const QRect &twips)
+{
+    return QRect(zel::TwipsToPixels(twips.x()), zel::TwipsToPixels(twips.y()),
+                 zel::TwipsToPixels(twips.width()), zel::TwipsToPixels(twips.height()));
+}
+
+// The picker's range, as wide as the classic date scale goes for a picker.
+const QDateTime pickerMin(QDate(1601, 1, 1), QTime(0, 0));
+const QDateTime pickerMax(QDate(9999, 12, 31), QTime(23, 59, 59, 999));
+
+} // namespace
+
+zelDateInputLayout zelLayoutDateInput(const QRect &input, bool timeInput, qint32 buttonTwips)
+{
+    zelDateInputLayout l;
+    l.PickerRect = input;
+    if (timeInput)
+        return l;
+    l.TextVisible = true;
+    l.TextRect =
+        QRect(input.x(), input.y(), qMax(0, input.width() - qMax(0, buttonTwips)), input.height());
+    return l;
+}
+
+zelDateEntryRule zelDateEntryRuleFor(const QLocale &locale)
+{
+    zelDateEntryRule rule;
+    const QString format = zel::DateEntryFormat(locale);
+    int group = 0;
+    bool separatorSeen = false;
+    for (const QChar c : format) {
+        if (c == QLatin1Char('y'))
+            rule.YearGroup = group;
+        if (isSeparator(c)) {
+            if (!separatorSeen)
+                rule.Separator = c;
+            separatorSeen = true;
+            ++group;
+        }
+    }
+    return rule;
+}
+
+QString zelDateTypedText(const QString &text, qsizetype selStart, qsizetype selLength, QChar typed,
+                         const zelDateEntryRule &rule)
+{
+    const bool digit = isDigit(typed);
+    if (!digit && !isSeparator(typed))
+        return QString();
+    selStart = qBound<qsizetype>(0, selStart, text.size());
+    selLength = qBound<qsizetype>(0, selLength, text.size() - selStart);
+    const QString before = text.left(selStart);
+    const QString after = text.mid(selStart + selLength);
+    const QString insert = digit ? QString(typed) : QString(rule.Separator);
+    if (fitsDateEntry(before + insert + after, rule))
+        return insert;
+    // A digit that overfills its group at the end of the text opens the next.
+    if (digit && after.isEmpty()) {
+        const QString opened = QString(rule.Separator) + typed;
+        if (fitsDateEntry(before + opened, rule))
+            return opened;
+    }
+    return QString();
+}
+
+zelDateTime::zelDateTime(QWidget *parent)
+    : zelLabelledField(parent), m_pvDate(new QDateTimeEdit(this)), m_txtInput(new QLineEdit(this))
+{
+    m_pvDate->setObjectName(QStringLiteral("pvDate"));
+    m_txtInput->setObjectName(QStringLiteral("txtInput"));
+    m_pvDate->installEventFilter(this);
+    m_txtInput->installEventFilter(this);
+    connect(m_pvDate, &QDateTimeEdit::dateTimeChanged, this, [this] { pvDate_Change(); });
+    connect(m_txtInput, &QLineEdit::textChanged, this, [this] { txtInput_Change(); });
+    setPicker(QDateTime::currentDateTime());
+    applyMode();
+    applyColours();
+    LayoutFrame();
+}
+
+zelDateTime::~zelDateTime() = default;
+
+void zelDateTime::InitProperties()
+{
+    zel::Trail t(this, "UserControl_InitProperties");
+    t.Run([&] {
+        m_dataType = 7;
+        SetTimeInput(false);
+        SetEnabled(true);
+    });
+}
+
+void zelDateTime::setPicker(const QDateTime &dt)
+{
+    // The control's own writes are no change by the user.
+    const QScopedValueRollback<bool> guard(m_settingPicker, true);
+    m_pvDate->setDateTime(dt);
+}
+
+void zelDateTime::writeText(const QString &text)
+{
+    const QScopedValueRollback<bool> guard(m_settingText, true);
+    m_txtInput->setText(text);
+}
+
+void zelDateTime::applyMode()
+{
+    const QDateTime keep = m_pvDate->dateTime();
+    const QScopedValueRollback<bool> guard(m_settingPicker, true);
+    if (m_timeInput) {
+        m_pvDate->setDisplayFormat(timeFormat);
+        m_pvDate->setCalendarPopup(false);
+        m_pvDate->setButtonSymbols(QAbstractSpinBox::UpDownArrows);
+    } else {
+        m_pvDate->setDisplayFormat(dateFormat);
+        m_pvDate->setCalendarPopup(true);
+    }
+    // A format without date sections pins the picker to one day; the field
+    // keeps the whole range in either mode.
+    m_pvDate->setDateTimeRange(pickerMin, pickerMax);
+    m_pvDate->setDateTime(keep);
+    m_pvDate->setEnabled(m_enabled);
+    m_pvDate->setFocusPolicy(m_timeInput ? Qt::StrongFocus : Qt::NoFocus);
+    m_txtInput->setVisible(!m_timeInput);
+    SetInputWidget(m_timeInput ? static_cast<QWidget *>(m_pvDate) : m_txtInput);
+}
+
+namespace {
+
+// The picker's drop-down button within a picker of the given size, as the
+// style draws it with the calendar switched on.
+QRect dropDownButton(const QDateTimeEdit *picker, const QSize &size)
+{
+    QStyleOptionComboBox opt;
+    opt.initFrom(picker);
+    opt.editable = true;
+    opt.frame = true;
+    opt.subControls = QStyle::SC_All;
+    opt.rect = QRect(QPoint(0, 0), size);
+    return picker->style()->subControlRect(QStyle::CC_ComboBox, &opt, QStyle::SC_ComboBoxArrow,
+                                           picker);
+}
+
+} // namespace
+
+void zelDateTime::PlaceInput(const QRect &twips)
+{
+    qint32 buttonTwips = 0;
+    if (!m_timeInput) {
+        const QSize size = toPixels(twips).size();
+        const QRect arrow = dropDownButton(m_pvDate, size);
+        if (arrow.isValid())
+            buttonTwips = zel::PixelsToTwips(size.width() - arrow.left());
+    }
+    const zelDateInputLayout l = zelLayoutDateInput(twips, m_timeInput, buttonTwips);
+    m_pvDate->setGeometry(toPixels(l.PickerRect));
+    m_txtInput->setGeometry(toPixels(l.TextRect));
+    m_txtInput->setVisible(l.TextVisible);
+    m_txtInput->raise();
+}
+
+void zelDateTime::applyColours()
+{
+    const quint32 back = m_enabled ? zel::SysWindowBackground : zel::SysButtonFace;
+    const quint32 fore = m_enabled ? zel::SysWindowText : zel::SysGrayText;
+    for (QWidget *w : {static_cast<QWidget *>(m_txtInput), static_cast<QWidget *>(m_pvDate)}) {
+        QPalette pal = w->palette();
+        pal.setColor(QPalette::Base, zel::ToQColor(back));
+        pal.setColor(QPalette::Text, zel::ToQColor(fore));
+        w->setPalette(pal);
+    }
+}
+
+void zelDateTime::SetEnabled(const QVariant &v)
+{
+    zel::Trail t(this, "Enabled Let");
+    t.Run([&] {
+        m_enabled = zel::CBool(v);
+        m_txtInput->setEnabled(m_enabled);
+        m_pvDate->setEnabled(m_enabled);
+        applyColours();
+        MarkChanged(QStringLiteral("Enabled"));
+    });
+}
+
+QString zelDateTime::Text() const
+{
+    return m_txtInput->text();
+}
+
+void zelDateTime::SetText(const QString &v)
+{
+    zel::Trail t(this, "Text Let");
+    t.Run([&] {
+        writeText(v);
+        MarkChanged(QStringLiteral("Text"));
+    });
+}
+
+bool zelDateTime::IsValidDate(const QString &text, QDateTime *date) const
+{
+    bool valid = false;
+    zel::Trail t(this, "IsValidDate");
+    t.Run([&] {
+        static const QDateTime earliest(QDate(1950, 1, 1), QTime(0, 0));
+        const QDateTime d = zel::DateFromText(text);
+        valid = d.isValid() && d > earliest;
+        if (valid && date)
+            *date = d;
+    });
+    return valid;
+}
+
+QVariant zelDateTime::Value() const
+{
+    QVariant result;
+    zel::Trail t(this, "Value Get");
+    t.Run([&] {
+        if (m_timeInput) {
+            const QTime time = m_pvDate->time();
+            result = QDateTime(zel::OleZeroDate().date(), QTime(time.hour(), time.minute()));
+            return;
+        }
+        QDateTime d;
+        if (IsValidDate(m_txtInput->text(), &d))
+            result = QDateTime(d.date(), QTime(0, 0));
+        else
+            result = zel::OleZeroDate();
+    });
+    return result;
+}
+
+void zelDateTime::SetValue(const QVariant &v)
+{
+    zel::Trail t(this, "Value Let");
+    t.Run([&] {
+        const bool empty =
+            !v.isValid() || v.isNull() ||
+            (v.metaType().id() == QMetaType::QString && v.toString().trimmed().isEmpty());
+        if (empty) {
+            setPicker(QDateTime::currentDateTime());
+            writeText(QString());
+            return;
+        }
+        if (m_timeInput) {
+            setPicker(zel::ToDateTime(v));
+            return;
+        }
+        // Whatever the host passes is judged as a date: a value that is no
+        // date at all counts as invalid rather than failing.
+        QDateTime d;
+        bool valid = false;
+        try {
+            d = zel::ToDateTime(v);
+            valid = d > QDateTime(QDate(1950, 1, 1), QTime(0, 0));
+        } catch (const zelError &) {
+            valid = false;
+        }
+        if (valid) {
+            writeText(zel::ShortDateText(d.date()));
+            setPicker(QDateTime(d.date(), m_pvDate->time()));
+        } else {
+            writeText(QString());
+            setPicker(QDateTime(QDate::currentDate(), m_pvDate->time()));
+        }
+    });
+}
+
+void zelDateTime::SetTimeInput(const QVariant &v)
+{
+    zel::Trail t(this, "TimeInput Let");
+    t.Run([&] {
+        m_timeInput = zel::CBool(v);
+        applyMode();
+        MarkChanged(QStringLiteral("TimeInput"));
+        LayoutFrame();
+    });
+}
+
+void zelDateTime::SetDataType(const QVariant &v)
+{
+    zel::Trail t(this, "DataType Let");
+    t.Run([&] {
+        const qint32 type = zel::CLng(v);
+        if (type == 7) {
+            m_dataType = 7;
+        } else {
+            zel::platform().MessageBox(QStringLiteral("This control only supports dates"),
+                                       QStringLiteral("Limited Data Type"), this);
+            // The refused type falls back to the string type, not to dates.
+            m_dataType = 8;
+        }
+        MarkChanged(QStringLiteral("DataType"));
+        emit Changed();
+    });
+}
+
+void zelDateTime::SetChanged(const QVariant &v)
+{
+    zel::Trail t(this, "Changed Let");
+    t.Run([&] { m_changed = zel::CBool(v); });
+}
+
+void zelDateTime::pvDate_Change()
+{
+    if (m_settingPicker)
+        return;
+    zel::Trail t(this, "pvDate_Change");
+    t.Run([&] {
+        m_changed = true;
+        emit Changed();
+        writeText(zel::ShortDateText(m_pvDate->date()));
+    });
+}
+
+void zelDateTime::txtInput_Change()
+{
+    if (m_settingText)
+        return;
+    zel::Trail t(this, "txtInput_Change");
+    t.Run([&] {
+        // The calendar opens on the day being typed.
+        QDateTime d;
+        if (!m_timeInput && IsValidDate(m_txtInput->text(), &d))
+            setPicker(QDateTime(d.date(), m_pvDate->time()));
+    });
+}
+
+void zelDateTime::txtInput_KeyPress(qint16 &KeyAscii)
+{
+    zel::Trail t(this, "txtInput_KeyPress");
+    t.Run([&] {
+        emit KeyPress(KeyAscii);
+        if (KeyAscii == 13) {
+            ApplyEnterAsTab(KeyAscii, m_txtInput);
+            return;
+        }
+        if (KeyAscii < 32)
+            return;
+        const qsizetype selStart = m_txtInput->hasSelectedText() ? m_txtInput->selectionStart()
+                                                                 : m_txtInput->cursorPosition();
+        const qsizetype selLength = m_txtInput->selectedText().size();
+        const QString typed = zelDateTypedText(m_txtInput->text(), selStart, selLength,
+                                               QChar(char16_t(KeyAscii)), zelDateEntryRuleFor());
+        if (typed.isEmpty()) {
+            KeyAscii = 0;
+            return;
+        }
+        if (typed.size() > 1)
+            m_txtInput->insert(typed.chopped(1)); // the separator that opens the next group
+        KeyAscii = qint16(typed.back().unicode());
+    });
+}
+
+void zelDateTime::txtInput_GotFocus()
+{
+    zel::Trail t(this, "txtInput_GotFocus");
+    t.Run([&] {
+        if (zel::UserMode(this))
+            m_txtInput->selectAll();
+    });
+}
+
+void zelDateTime::pvDate_KeyPress(qint16 &KeyAscii)
+{
+    zel::Trail t(this, "pvDate_KeyPress");
+    t.Run([&] {
+        emit KeyPress(KeyAscii);
+        if (KeyAscii == 13)
+            ApplyEnterAsTab(KeyAscii, m_pvDate);
+    });
+}
+
+void zelDateTime::pvDate_KeyDown(qint16 &KeyCode, qint16 &Shift)
+{
+    zel::Trail t(this, "pvDate_KeyDown");
+    t.Run([&] { emit KeyDown(KeyCode, Shift); });
+}
+
+void zelDateTime::pvDate_KeyUp(qint16 &KeyCode, qint16 &Shift)
+{
+    zel::Trail t(this, "pvDate_KeyUp");
+    t.Run([&] { emit KeyUp(KeyCode, Shift); });
+}
+
+bool zelDateTime::filterTextKey(QKeyEvent *ke)
+{
+    const bool dropDown = ke->key() == Qt::Key_F4 ||
+                          (ke->key() == Qt::Key_Down && (ke->modifiers() & Qt::AltModifier));
+    if (dropDown && !m_timeInput && m_enabled) {
+        // The picker opens its calendar from a press on its button only.
+        const QPointF centre = dropDownButton(m_pvDate, m_pvDate->size()).center();
+        QMouseEvent press(QEvent::MouseButtonPress, centre, m_pvDate->mapToGlobal(centre),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_pvDate, &press);
+        return true;
+    }
+    const qint16 original = keyAscii(ke);
+    if (original == 0)
+        return false;
+    qint16 key = original;
+    txtInput_KeyPress(key);
+    if (key == 0)
+        return true;
+    if (key != original) {
+        // The host or the date rule typed another character in its place.
+        if (key >= 32)
+            m_txtInput->insert(QString(QChar(char16_t(key))));
+        return true;
+    }
+    return false;
+}
+
+bool zelDateTime::filterPickerKey(QKeyEvent *ke)
+{
+    qint16 code = keyCode(ke);
+    qint16 shift = shiftState(ke);
+    if (code != 0) {
+        pvDate_KeyDown(code, shift);
+        if (code == 0)
+            return true;
+    }
+    const qint16 original = keyAscii(ke);
+    if (original == 0)
+        return false;
+    qint16 key = original;
+    pvDate_KeyPress(key);
+    if (key == 0)
+        return true;
+    if (key != original) {
+        if (key >= 32) {
+            const QScopedValueRollback<bool> guard(m_resending, true);
+            const QString text{QChar(char16_t(key))};
+            QKeyEvent other(QEvent::KeyPress, 0, ke->modifiers(), text);
+            QCoreApplication::sendEvent(m_pvDate, &other);
+        }
+        return true;
+    }
+    return false;
+}
+
+bool zelDateTime::filterPickerKeyUp(QKeyEvent *ke)
+{
+    if (ke->isAutoRepeat())
+        return false;
+    qint16 code = keyCode(ke);
+    qint16 shift = shiftState(ke);
+    if (code != 0)
+        pvDate_KeyUp(code, shift);
+    return false;
+}
+
+bool zelDateTime::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_txtInput) {
+        if (event->type() == QEvent::KeyPress && filterTextKey(static_cast<QKeyEvent *>(event)))
+            return true;
+        if (event->type() == QEvent::FocusIn) {
+            QTimer::singleShot(0, m_txtInput, [this] {
+                if (m_txtInput->hasFocus())
+                    txtInput_GotFocus();
+            });
+        }
+    } else if (watched == m_pvDate && !m_resending) {
+        if (event->type() == QEvent::KeyPress && filterPickerKey(static_cast<QKeyEvent *>(event)))
+            return true;
+        if (event->type() == QEvent::KeyRelease)
+            filterPickerKeyUp(static_cast<QKeyEvent *>(event));
+    }
+    return zelLabelledField::eventFilter(watched, event);
+}
+
+void zelDateTime::ReadProperties(zelPropertyBag &bag)
+{
+    zel::Trail t(this, "UserControl_ReadProperties");
+    t.Run([&] {
+        ReadFrameProperties(bag, FrameKeys::Short);
+        zel::PropertyReader r(bag, this);
+        // A stored type other than a date is the refused type of an earlier
+        // session: it loads as 8 without asking again.
+        m_dataType = r.Long(QStringLiteral("DataType"), 7) == 7 ? 7 : 8;
+        writeText(r.String(QStringLiteral("Text"), QString()));
+        SetEnabled(r.Bool(QStringLiteral("Enabled"), true));
+        SetTimeInput(r.Bool(QStringLiteral("TimeInput"), false));
+        // "CalendarMonths" is written for older hosts and never read.
+    });
+}
+
+void zelDateTime::WriteProperties(zelPropertyBag &bag) const
+{
+    zel::Trail t(this, "UserControl_WriteProperties");
+    t.Run([&] {
+        WriteFrameProperties(bag, FrameKeys::Short);
+        bag.WriteProperty(QStringLiteral("DataType"), m_dataType, 7);
+        bag.WriteProperty(QStringLiteral("Text"), m_txtInput->text(), QString());
+        bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
+        bag.WriteProperty(QStringLiteral("TimeInput"), m_timeInput, false);
+        bag.WriteProperty(QStringLiteral("CalendarMonths"), QVariant::fromValue(m_calendarMonths),
+                          QVariant());
+    });
+}
