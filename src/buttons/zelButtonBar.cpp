@@ -83,15 +83,6 @@ QPixmap loadPictureFile(const QString &fileName)
 
 // The rectangle in pixels whose edges are the twips edges converted, so
 // that neighbouring buttons keep their gap whatever the rounding.
-QRect toPixels(const QRect &twips)
-{
-    const int left = zel::TwipsToPixels(twips.x());
-    const int top = zel::TwipsToPixels(twips.y());
-    const int right = zel::TwipsToPixels(double(twips.x()) + twips.width());
-    const int bottom = zel::TwipsToPixels(double(twips.y()) + twips.height());
-    return QRect(left, top, right - left, bottom - top);
-}
-
 } // namespace
 
 zelButtonBar::zelButtonBar(const zelButtonBarKind &kind, QWidget *parent)
@@ -298,7 +289,7 @@ void zelButtonBar::LayoutBar()
         if (m_busy)
             return;
         m_busy = true;
-        setFixedSize(toPixels(QRect(QPoint(0, 0), l.Size)).size());
+        setFixedSize(zel::TwipsToPixels(QRect(QPoint(0, 0), l.Size)).size());
         m_buttons[3]->setText(m_mainAlt ? m_mainAltCaption : m_mainCaption);
         m_buttons[1]->setText(m_secondAlt ? m_secondAltCaption : m_secondCaption);
         for (int slot = 0; slot < zelBarSlots; ++slot) {
@@ -306,7 +297,7 @@ void zelButtonBar::LayoutBar()
             QPushButton *b = m_buttons[size_t(slot)];
             if (p.Visible) {
                 b->setEnabled(p.Enabled);
-                const QRect px = toPixels(p.Rect);
+                const QRect px = zel::TwipsToPixels(p.Rect);
                 b->setGeometry(px);
                 // A picture keeps clear of the button's frame.
                 const int side = qBound(0, px.height() - 6, 16);

@@ -1,5 +1,7 @@
 #include "core/zelConvert.h"
 
+#include "platform/zelVariantKind.h"
+
 #include <QLocale>
 
 #include <cmath>
@@ -7,28 +9,6 @@
 namespace zel {
 
 namespace {
-
-bool isNumeric(const QVariant &v)
-{
-    switch (v.metaType().id()) {
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Float:
-    case QMetaType::Double:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-        return true;
-    default:
-        return false;
-    }
-}
 
 // A whole text as a number: blanks around it allowed, "&H" hexadecimal,
 // the invariant or the user's decimal separator. Anything else is a mismatch.
@@ -56,7 +36,7 @@ double toDouble(const QVariant &v)
         return 0.0;
     if (v.metaType().id() == QMetaType::Bool)
         return v.toBool() ? -1.0 : 0.0;
-    if (isNumeric(v))
+    if (zel::IsNumber(v))
         return v.toDouble();
     if (v.metaType().id() == QMetaType::QString || v.metaType().id() == QMetaType::QByteArray ||
         v.metaType().id() == QMetaType::QChar)

@@ -1,6 +1,7 @@
 #include "core/zelFieldFrame.h"
 
 #include "core/zelConvert.h"
+#include "core/zelKeys.h"
 #include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelPlatform.h"
@@ -8,6 +9,8 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
 
 QString zelPrefixText(const zelFrameProps &p)
 {
@@ -91,12 +94,6 @@ qint16 checkedAlignment(const QVariant &v)
     return a;
 }
 
-QRect toPixels(const QRect &twips)
-{
-    return QRect(zel::TwipsToPixels(twips.x()), zel::TwipsToPixels(twips.y()),
-                 zel::TwipsToPixels(twips.width()), zel::TwipsToPixels(twips.height()));
-}
-
 } // namespace
 
 zelLabelledField::zelLabelledField(QWidget *parent)
@@ -148,7 +145,7 @@ void zelLabelledField::LayoutFrame()
         m_lblPrefix->setFont(pf);
         m_lblPrefix->setText(l.PrefixText);
         m_lblPrefix->setAlignment(toQtAlignment(m_props.PrefixAlignment));
-        m_lblPrefix->setGeometry(toPixels(l.PrefixRect));
+        m_lblPrefix->setGeometry(zel::TwipsToPixels(l.PrefixRect));
         m_lblPrefix->setVisible(l.PrefixVisible);
 
         QFont sf = font();
@@ -156,7 +153,7 @@ void zelLabelledField::LayoutFrame()
         m_lblSuffix->setFont(sf);
         m_lblSuffix->setText(l.SuffixText);
         m_lblSuffix->setAlignment(toQtAlignment(m_props.SuffixAlignment));
-        m_lblSuffix->setGeometry(toPixels(l.SuffixRect));
+        m_lblSuffix->setGeometry(zel::TwipsToPixels(l.SuffixRect));
         m_lblSuffix->setVisible(l.SuffixVisible);
 
         PlaceInput(l.InputRect);
@@ -171,7 +168,7 @@ void zelLabelledField::LayoutFrame()
 void zelLabelledField::PlaceInput(const QRect &twips)
 {
     if (m_input)
-        m_input->setGeometry(toPixels(twips));
+        m_input->setGeometry(zel::TwipsToPixels(twips));
 }
 
 void zelLabelledField::resizeEvent(QResizeEvent *event)
@@ -185,6 +182,30 @@ void zelLabelledField::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         LayoutFrame();
+}
+
+bool zelLabelledField::RouteTypedKey(QKeyEvent *event, QLineEdit *edit,
+                                     const std::function<void(qint16 &)> &handler)
+{
+    const qint16 original = zel::KeyAscii(event);
+    if (original == 0)
+        return false;
+    qint16 key = original;
+    handler(key);
+    if (key == original)
+        return false;
+    if (key >= 32)
+        edit->insert(QString(QChar(char16_t(key))));
+    return true;
+}
+
+void zelLabelledField::PaintInput(QWidget *input, bool enabled, bool faceBackground)
+{
+    QPalette pal = input->palette();
+    pal.setColor(QPalette::Base,
+                 zel::ToQColor(faceBackground ? zel::SysButtonFace : zel::SysWindowBackground));
+    pal.setColor(QPalette::Text, zel::ToQColor(enabled ? zel::SysWindowText : zel::SysGrayText));
+    input->setPalette(pal);
 }
 
 void zelLabelledField::ApplyEnterAsTab(qint16 &KeyAscii, QWidget *from)

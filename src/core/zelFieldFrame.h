@@ -15,7 +15,9 @@
 
 #include <functional>
 
+class QKeyEvent;
 class QLabel;
+class QLineEdit;
 
 // The frame members of a control, with the defaults of a newly placed one.
 struct zelFrameProps
@@ -153,6 +155,15 @@ protected:
     void WriteFrameProperties(zelPropertyBag &bag, FrameKeys keys) const;
 
     void MarkChanged(const QString &name) { emit PropertyChanged(name); }
+
+    // Runs a typed key through handler, the control's KeyPress procedure.
+    // True when the key is consumed: dropped (the handler answered 0) or
+    // replaced by the character it answered, which is then typed into edit.
+    static bool RouteTypedKey(QKeyEvent *event, QLineEdit *edit,
+                              const std::function<void(qint16 &)> &handler);
+    // The input colours: window or button-face background, window-text or
+    // grey text.
+    static void PaintInput(QWidget *input, bool enabled, bool faceBackground);
 
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

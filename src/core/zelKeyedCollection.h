@@ -20,6 +20,8 @@
 // An insert or removal moves the entries of one chunk and adds one integer per
 // chunk; it never walks the members of other chunks.
 
+#include "platform/zelVariantKind.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -282,7 +284,7 @@ public:
     // By key (a string) or by 1-based position (a number).
     Ptr Item(const QVariant &vKey) const
     {
-        if (isPosition(vKey)) {
+        if (IsNumber(vKey)) {
             const double d = vKey.toDouble();
             return std::isfinite(d) && d >= 0.5 && d < double(m_s->count) + 0.5
                        ? ItemAt(qint32(std::lround(d)))
@@ -323,7 +325,7 @@ public:
 
     bool Remove(const QVariant &vKey)
     {
-        if (isPosition(vKey)) {
+        if (IsNumber(vKey)) {
             const double d = vKey.toDouble();
             return std::isfinite(d) && d >= 0.5 && d < double(m_s->count) + 0.5 &&
                    RemoveAt(qint32(std::lround(d)));
@@ -400,25 +402,6 @@ public:
     const_iterator end() const { return const_iterator(&m_s->chunks, m_s->chunks.size()); }
 
 private:
-    static bool isPosition(const QVariant &v)
-    {
-        switch (v.metaType().id()) {
-        case QMetaType::Short:
-        case QMetaType::UShort:
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::Long:
-        case QMetaType::ULong:
-        case QMetaType::LongLong:
-        case QMetaType::ULongLong:
-        case QMetaType::Float:
-        case QMetaType::Double:
-            return true;
-        default:
-            return false;
-        }
-    }
-
     std::shared_ptr<Storage> m_s;
 };
 

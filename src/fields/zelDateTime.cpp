@@ -1,6 +1,7 @@
 #include "fields/zelDateTime.h"
 
 #include "core/zelConvert.h"
+#include "core/zelKeys.h"
 #include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "fields/zelOleDate.h"
@@ -64,125 +65,6 @@ bool fitsDateEntry(const QString &text, const zelDateEntryRule &rule)
         }
     }
     return true;
-}
-
-// The key code of a key press as the classic KeyPress sees it; 0 for keys
-// that type nothing (arrows, function keys), which never reach KeyPress.
-qint16 keyAscii(const QKeyEvent *e)
-{
-    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
-        return 13;
-    const QString text = e->text();
-    if (text.size() != 1)
-        return 0;
-    return qint16(text.at(0).unicode());
-}
-
-// The classic virtual key code of a key; 0 for keys that have none.
-qint16 keyCode(const QKeyEvent *e)
-{
-    const int k = e->key();
-    const bool keypad = e->modifiers() & Qt::KeypadModifier;
-    if (k >= Qt::Key_A && k <= Qt::Key_Z)
-        return qint16(k);
-    if (k >= Qt::Key_0 && k <= Qt::Key_9)
-        return qint16(keypad ? 96 + (k - Qt::Key_0) : k);
-    if (k >= Qt::Key_F1 && k <= Qt::Key_F24)
-        return qint16(112 + (k - Qt::Key_F1));
-    switch (k) {
-    case Qt::Key_Backspace:
-        return 8;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        return 9;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return 13;
-    case Qt::Key_Shift:
-        return 16;
-    case Qt::Key_Control:
-        return 17;
-    case Qt::Key_Alt:
-        return 18;
-    case Qt::Key_Pause:
-        return 19;
-    case Qt::Key_CapsLock:
-        return 20;
-    case Qt::Key_Escape:
-        return 27;
-    case Qt::Key_Space:
-        return 32;
-    case Qt::Key_PageUp:
-        return 33;
-    case Qt::Key_PageDown:
-        return 34;
-    case Qt::Key_End:
-        return 35;
-    case Qt::Key_Home:
-        return 36;
-    case Qt::Key_Left:
-        return 37;
-    case Qt::Key_Up:
-        return 38;
-    case Qt::Key_Right:
-        return 39;
-    case Qt::Key_Down:
-        return 40;
-    case Qt::Key_Insert:
-        return 45;
-    case Qt::Key_Delete:
-        return 46;
-    case Qt::Key_Asterisk:
-        return keypad ? 106 : 0;
-    case Qt::Key_Plus:
-        return keypad ? 107 : 187;
-    case Qt::Key_Minus:
-        return keypad ? 109 : 189;
-    case Qt::Key_Period:
-        return keypad ? 110 : 190;
-    case Qt::Key_Slash:
-        return keypad ? 111 : 191;
-    case Qt::Key_NumLock:
-        return 144;
-    case Qt::Key_ScrollLock:
-        return 145;
-    case Qt::Key_Semicolon:
-        return 186;
-    case Qt::Key_Equal:
-        return 187;
-    case Qt::Key_Comma:
-        return 188;
-    case Qt::Key_QuoteLeft:
-        return 192;
-    case Qt::Key_BracketLeft:
-        return 219;
-    case Qt::Key_Backslash:
-        return 220;
-    case Qt::Key_BracketRight:
-        return 221;
-    case Qt::Key_Apostrophe:
-        return 222;
-    default:
-        return 0;
-    }
-}
-
-qint16 shiftState(const QKeyEvent *e)
-{
-    qint16 s = 0;
-    if (e->modifiers() & Qt::ShiftModifier)
-        s |= 1;
-    if (e->modifiers() & Qt::ControlModifier)
-        s |= 2;
-    if (e->modifiers() & Qt::AltModifier)
-        s |= 4;
-    return s;
-}
-
-QRect toPixels(const QRect &twips)
-{
-    return QRect(zel::TwipsToPixels(twips.x()), zel::TwipsToPixels(twips.y()),
-                 zel::TwipsToPixels(twips.width()), zel::TwipsToPixels(twips.height()));
 }
 
 // The picker's range, as wide as the classic date scale goes for a picker.
@@ -328,28 +210,22 @@ void zelDateTime::PlaceInput(const QRect &twips)
 {
     qint32 buttonTwips = 0;
     if (!m_timeInput) {
-        const QSize size = toPixels(twips).size();
+        const QSize size = zel::TwipsToPixels(twips).size();
         const QRect arrow = dropDownButton(m_pvDate, size);
         if (arrow.isValid())
             buttonTwips = zel::PixelsToTwips(size.width() - arrow.left());
     }
     const zelDateInputLayout l = zelLayoutDateInput(twips, m_timeInput, buttonTwips);
-    m_pvDate->setGeometry(toPixels(l.PickerRect));
-    m_txtInput->setGeometry(toPixels(l.TextRect));
+    m_pvDate->setGeometry(zel::TwipsToPixels(l.PickerRect));
+    m_txtInput->setGeometry(zel::TwipsToPixels(l.TextRect));
     m_txtInput->setVisible(l.TextVisible);
     m_txtInput->raise();
 }
 
 void zelDateTime::applyColours()
 {
-    const quint32 back = m_enabled ? zel::SysWindowBackground : zel::SysButtonFace;
-    const quint32 fore = m_enabled ? zel::SysWindowText : zel::SysGrayText;
-    for (QWidget *w : {static_cast<QWidget *>(m_txtInput), static_cast<QWidget *>(m_pvDate)}) {
-        QPalette pal = w->palette();
-        pal.setColor(QPalette::Base, zel::ToQColor(back));
-        pal.setColor(QPalette::Text, zel::ToQColor(fore));
-        w->setPalette(pal);
-    }
+    PaintInput(m_txtInput, m_enabled, !m_enabled);
+    PaintInput(m_pvDate, m_enabled, !m_enabled);
 }
 
 void zelDateTime::SetEnabled(const QVariant &v)
@@ -576,32 +452,20 @@ bool zelDateTime::filterTextKey(QKeyEvent *ke)
         QCoreApplication::sendEvent(m_pvDate, &press);
         return true;
     }
-    const qint16 original = keyAscii(ke);
-    if (original == 0)
-        return false;
-    qint16 key = original;
-    txtInput_KeyPress(key);
-    if (key == 0)
-        return true;
-    if (key != original) {
-        // The host or the date rule typed another character in its place.
-        if (key >= 32)
-            m_txtInput->insert(QString(QChar(char16_t(key))));
-        return true;
-    }
-    return false;
+    // The host or the date rule may type another character in its place.
+    return RouteTypedKey(ke, m_txtInput, [this](qint16 &key) { txtInput_KeyPress(key); });
 }
 
 bool zelDateTime::filterPickerKey(QKeyEvent *ke)
 {
-    qint16 code = keyCode(ke);
-    qint16 shift = shiftState(ke);
+    qint16 code = zel::KeyCode(ke);
+    qint16 shift = zel::ShiftState(ke);
     if (code != 0) {
         pvDate_KeyDown(code, shift);
         if (code == 0)
             return true;
     }
-    const qint16 original = keyAscii(ke);
+    const qint16 original = zel::KeyAscii(ke);
     if (original == 0)
         return false;
     qint16 key = original;
@@ -624,8 +488,8 @@ bool zelDateTime::filterPickerKeyUp(QKeyEvent *ke)
 {
     if (ke->isAutoRepeat())
         return false;
-    qint16 code = keyCode(ke);
-    qint16 shift = shiftState(ke);
+    qint16 code = zel::KeyCode(ke);
+    qint16 shift = zel::ShiftState(ke);
     if (code != 0)
         pvDate_KeyUp(code, shift);
     return false;

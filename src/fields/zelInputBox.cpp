@@ -1,6 +1,7 @@
 #include "fields/zelInputBox.h"
 
 #include "core/zelConvert.h"
+#include "core/zelKeys.h"
 #include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelObjectFactory.h"
@@ -26,18 +27,6 @@ QString trimBlanks(const QString &s)
     while (e > b && s.at(e - 1) == QLatin1Char(' '))
         --e;
     return s.mid(b, e - b);
-}
-
-// The key code of a key press as the classic KeyPress sees it; 0 for keys
-// that type nothing (arrows, function keys), which never reach KeyPress.
-qint16 keyAscii(const QKeyEvent *e)
-{
-    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
-        return 13;
-    const QString text = e->text();
-    if (text.size() != 1)
-        return 0;
-    return qint16(text.at(0).unicode());
 }
 
 // Numbers may keep their scratch QVariant types as the data type asks.
@@ -258,14 +247,7 @@ void zelInputBox::SetText(const QString &v)
 
 void zelInputBox::applyColours()
 {
-    QPalette pal = m_txtInput->palette();
-    const bool readOnlyLook = m_enabled && m_readOnly;
-    const quint32 back =
-        (!m_enabled || readOnlyLook) ? zel::SysButtonFace : zel::SysWindowBackground;
-    const quint32 fore = m_enabled ? zel::SysWindowText : zel::SysGrayText;
-    pal.setColor(QPalette::Base, zel::ToQColor(back));
-    pal.setColor(QPalette::Text, zel::ToQColor(fore));
-    m_txtInput->setPalette(pal);
+    PaintInput(m_txtInput, m_enabled, !m_enabled || m_readOnly);
 }
 
 void zelInputBox::SetEnabled(const QVariant &v)
@@ -385,23 +367,11 @@ bool zelInputBox::eventFilter(QObject *watched, QEvent *event)
         return zelLabelledField::eventFilter(watched, event);
 
     switch (event->type()) {
-    case QEvent::KeyPress: {
-        auto *ke = static_cast<QKeyEvent *>(event);
-        const qint16 original = keyAscii(ke);
-        if (original == 0)
-            break;
-        qint16 key = original;
-        txtInput_KeyPress(key);
-        if (key == 0)
+    case QEvent::KeyPress:
+        if (RouteTypedKey(static_cast<QKeyEvent *>(event), m_txtInput,
+                          [this](qint16 &key) { txtInput_KeyPress(key); }))
             return true;
-        if (key != original) {
-            // The host typed another character in place of this one.
-            if (key >= 32)
-                m_txtInput->insert(QString(QChar(char16_t(key))));
-            return true;
-        }
         break;
-    }
     case QEvent::FocusIn:
         QTimer::singleShot(0, m_txtInput, [this] {
             if (m_txtInput->hasFocus())

@@ -3,6 +3,8 @@
 #include "core/zelConvert.h"
 #include "core/zelError.h"
 
+#include "platform/zelVariantKind.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -11,6 +13,11 @@
 namespace zel {
 
 namespace {
+
+bool isNumberOrBool(const QVariant &v)
+{
+    return zel::IsNumber(v, true);
+}
 
 constexpr qint64 msPerDay = 86400000;
 // 1 January 100 and 31 December 9999 as date values: the classic range.
@@ -123,29 +130,6 @@ QTime timeFromText(const QString &text, const QLocale &locale)
             return t;
     }
     return QTime();
-}
-
-bool isNumber(const QVariant &v)
-{
-    switch (v.metaType().id()) {
-    case QMetaType::Bool:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Float:
-    case QMetaType::Double:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-        return true;
-    default:
-        return false;
-    }
 }
 
 } // namespace
@@ -284,7 +268,7 @@ QDateTime ToDateTime(const QVariant &v)
     default:
         break;
     }
-    if (isNumber(v))
+    if (isNumberOrBool(v))
         return OleToDateTime(CDbl(v));
     throw zelError(zelError::TypeMismatch);
 }

@@ -167,6 +167,12 @@ int TwipsToPixels(double twips)
     return int(std::lround(twips / platform().TwipsPerPixel()));
 }
 
+QRect TwipsToPixels(const QRect &twips)
+{
+    return QRect(TwipsToPixels(twips.x()), TwipsToPixels(twips.y()), TwipsToPixels(twips.width()),
+                 TwipsToPixels(twips.height()));
+}
+
 int PixelsToTwips(int pixels)
 {
     return int(std::lround(pixels * platform().TwipsPerPixel()));

@@ -6,6 +6,7 @@
 // and a port to another host changes this folder alone.
 
 #include <QColor>
+#include <QRect>
 #include <QString>
 #include <QVariant>
 
@@ -86,5 +87,6 @@ void SetUserMode(QObject *control, bool userMode);
 // Conversions between twips and pixels at the widget edge.
 int TwipsToPixels(double twips);
 int PixelsToTwips(int pixels);
+QRect TwipsToPixels(const QRect &twips);
 
 } // namespace zel

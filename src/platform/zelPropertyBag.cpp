@@ -1,5 +1,7 @@
 #include "platform/zelPropertyBag.h"
 
+#include "platform/zelVariantKind.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonValue>
@@ -11,31 +13,16 @@ zelPersistable::~zelPersistable() = default;
 
 namespace {
 
-bool isNumber(const QVariant &v)
+bool isNumberOrBool(const QVariant &v)
 {
-    switch (v.metaType().id()) {
-    case QMetaType::Bool:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Float:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
+    return zel::IsNumber(v, true);
 }
 
 } // namespace
 
 bool zelSameAsDefault(const QVariant &value, const QVariant &def)
 {
-    if (isNumber(value) && isNumber(def))
+    if (isNumberOrBool(value) && isNumberOrBool(def))
         return value.toDouble() == def.toDouble();
     return value.toString() == def.toString();
 }
