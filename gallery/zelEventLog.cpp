@@ -1,5 +1,7 @@
 #include "zelGallery.h"
 
+#include "platform/zelLateBinding.h"
+
 #include <QMetaMethod>
 #include <QVariant>
 
@@ -51,7 +53,7 @@ int zelEventLog::qt_metacall(QMetaObject::Call call, int id, void **args)
         const QMetaMethod m = s.sender->metaObject()->method(s.signalIndex);
         QStringList parts;
         for (int p = 0; p < m.parameterCount(); ++p) {
-            const QVariant v(m.parameterMetaType(p), args[p + 1]);
+            const QVariant v(zel::ParameterType(m, p), args[p + 1]);
             parts << QString::fromLatin1(m.parameterNames().value(p)) + QLatin1Char('=') +
                          (v.canConvert<QString>() ? v.toString()
                                                   : QString::fromLatin1(v.typeName()));

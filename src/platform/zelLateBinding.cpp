@@ -36,6 +36,17 @@ bool convertTo(QVariant &v, QMetaType type)
 
 } // namespace
 
+QMetaType ParameterType(const QMetaMethod &m, int p)
+{
+    const QMetaType t = m.parameterMetaType(p);
+    if (t.isValid())
+        return t;
+    QByteArray name = m.parameterTypes().value(p);
+    if (name.endsWith('&'))
+        name.chop(1);
+    return QMetaType::fromName(name);
+}
+
 QVariant GetProperty(const QObject *object, const QString &name)
 {
     if (!object)
@@ -77,7 +88,7 @@ QVariant CallByName(QObject *object, const QString &method, QVariantList &args, 
         QVariantList converted = args;
         bool convertible = true;
         for (int p = 0; p < m.parameterCount() && convertible; ++p)
-            convertible = convertTo(converted[p], m.parameterMetaType(p));
+            convertible = convertTo(converted[p], ParameterType(m, p));
         if (!convertible)
             continue;
 
@@ -91,7 +102,7 @@ QVariant CallByName(QObject *object, const QString &method, QVariantList &args, 
         std::vector<void *> argv(size_t(m.parameterCount()) + 1);
         argv[0] = result.isValid() ? result.data() : nullptr;
         for (int p = 0; p < m.parameterCount(); ++p)
-            argv[size_t(p) + 1] = m.parameterMetaType(p) == QMetaType::fromType<QVariant>()
+            argv[size_t(p) + 1] = ParameterType(m, p) == QMetaType::fromType<QVariant>()
                                       ? static_cast<void *>(&converted[p])
                                       : converted[p].data();
         object->qt_metacall(QMetaObject::InvokeMetaMethod, i, argv.data());

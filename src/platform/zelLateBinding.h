@@ -5,6 +5,7 @@
 // regard to letter case, arguments are converted to the parameter types, and
 // by-reference parameters come back in the argument list.
 
+#include <QMetaMethod>
 #include <QObject>
 #include <QString>
 #include <QVariant>
@@ -25,5 +26,10 @@ bool SetProperty(QObject *object, const QString &name, const QVariant &value);
 QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok = nullptr);
 QVariant CallByName(QObject *object, const QString &method, const QVariantList &args = {},
                     bool *ok = nullptr);
+
+// The type of a method's or signal's parameter. A non-const reference (a
+// by-reference argument such as KeyAscii) carries no meta type of its own;
+// it is looked up by its name without the "&".
+QMetaType ParameterType(const QMetaMethod &method, int index);
 
 } // namespace zel
