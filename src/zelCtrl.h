@@ -18,3 +18,8 @@
 #include "core/zelTrail.h"
 
 #include "fields/zelInputBox.h"
+
+#include "buttons/zelButtonBar.h"
+#include "buttons/zelButtonEnums.h"
+#include "buttons/zelPrpButtons.h"
+#include "buttons/zelStdButtons.h"
