@@ -152,7 +152,15 @@ zelGridList::zelGridList(QWidget *parent)
     LayoutControl();
 }
 
-zelGridList::~zelGridList() = default;
+zelGridList::~zelGridList()
+{
+    // The grid goes first, while the rows are still here: an editor that
+    // closes on the way must find them, and must raise nothing to a host
+    // whose control is going.
+    m_destroying = true;
+    delete m_vfgItems;
+    m_vfgItems = nullptr;
+}
 
 QTableView *zelGridList::Grid() const
 {
@@ -1059,7 +1067,7 @@ void zelGridList::vfgItems_AfterEdit(qint32 lRow, qint32 lColumn, const QString 
 {
     zel::Trail t(this, "vfgItems_AfterEdit");
     t.Run([&] {
-        if (!m_editing)
+        if (!m_editing || m_destroying)
             return;
         m_editing = false;
         const auto row = m_items->ItemAt(lRow);

@@ -175,8 +175,10 @@ public:
     // Twips: the grid's inner width, and the width of grid column i.
     qint32 GridClientWidth() const;
     qint32 ColumnWidth(int column) const;
-    // The layout last applied.
+    // The layout last applied, and laying the control out again (its resize
+    // handler).
     const zelGridListLayout &GridLayout() const { return m_layout; }
+    void LayoutControl();
     QTableView *Grid() const;
 
 signals:
@@ -222,7 +224,6 @@ private:
     void SelectRow(qint32 lRow);
     void EnableControls();
     void SetVisibleButtons();
-    void LayoutControl();
     void ApplyLanguage();
     void ApplySelectionMode();
     void MarkChanged(const QString &name) { emit PropertyChanged(name); }
@@ -284,6 +285,7 @@ private:
     bool m_editOnFocus = false;
 
     bool m_busy = false;
+    bool m_destroying = false;
     bool m_editing = false;
     bool m_applyingWidths = false;
     bool m_laying = false;
