@@ -92,8 +92,10 @@ zelGridList::zelGridList(QWidget *parent)
     cols->setHighlightSections(false);
     cols->setSectionsClickable(false);
     connect(cols, &QHeaderView::sectionResized, this, [this](int i, int, int size) {
-        if (!m_applyingWidths && i >= 0 && i < int(m_colWidths.size()))
+        if (!m_applyingWidths && i >= 0 && i < int(m_colWidths.size())) {
             m_colWidths[size_t(i)] = zel::PixelsToTwips(size);
+            ++m_sizeStamp;
+        }
     });
     connect(m_vfgItems->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
         EnableControls();
@@ -402,7 +404,7 @@ void zelGridList::SetMultiSelect(const QVariant &v)
     t.Run([&] {
         m_multiSelect = zel::CBool(v);
         ApplySelectionMode();
-        m_model->RowsChanged(1, m_model->Rows());
+        m_model->RowsChanged(1, m_items->Count());
     });
 }
 
@@ -477,7 +479,7 @@ void zelGridList::EnableControls()
 {
     const qint32 on = ButtonsEnabled();
     const qint32 r = CurrentRow();
-    const qint32 last = m_model->Rows();
+    const qint32 last = m_items->Count();
     m_cmdAdd->setEnabled(on & ZEL_PrpButton_Add);
     m_cmdEdit->setEnabled(on & ZEL_PrpButton_Props);
     m_cmdDelete->setEnabled(on & ZEL_PrpButton_Remove);
@@ -525,7 +527,7 @@ void zelGridList::cmdUp_Click()
         SelectRow(to);
         qint32 lNewRow = to;
         emit RowMoved(r, lNewRow);
-        if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_model->Rows())
+        if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_items->Count())
             SelectRow(lNewRow);
     });
 }
@@ -535,7 +537,7 @@ void zelGridList::cmdDown_Click()
     zel::Trail t(this, "cmdDown_Click");
     t.Run([&] {
         const qint32 r = CurrentRow();
-        if (r < 1 || r >= m_items->Count() || r >= m_model->Rows())
+        if (r < 1 || r >= m_items->Count())
             return;
         qint32 from = r, to = r + 1;
         if (!m_items->Move(from, to))
@@ -544,7 +546,7 @@ void zelGridList::cmdDown_Click()
         SelectRow(to);
         qint32 lNewRow = to;
         emit RowMoved(r, lNewRow);
-        if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_model->Rows())
+        if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_items->Count())
             SelectRow(lNewRow);
     });
 }
@@ -646,7 +648,7 @@ void zelGridList::InitGrid()
         m_vfgItems->setUpdatesEnabled(true);
         SizeColZero();
         if (m_model->HasColourColumns())
-            for (qint32 r = 1; r <= m_model->Rows(); ++r)
+            for (qint32 r = 1; r <= m_items->Count(); ++r)
                 SetColorCells(r);
         EnableControls();
     });
@@ -684,27 +686,25 @@ qint32 zelGridList::GridClientWidth() const
     return zel::PixelsToTwips(pixels);
 }
 
-std::vector<qint64> zelGridList::SizeInputs() const
+bool zelGridList::SizingChanged() const
 {
-    std::vector<qint64> in;
-    in.reserve(6 + 2 * m_colWidths.size());
-    in.push_back(m_autoSizeColZero);
-    in.push_back(m_columns ? m_columns->Count() : -1);
-    in.push_back(m_model->columnCount());
-    in.push_back(GridClientWidth());
-    for (int c = 0; c < m_model->columnCount(); ++c) {
-        in.push_back(m_model->DataType(c));
-        in.push_back(ColumnWidth(c));
-        const auto col = m_columns ? m_columns->Items().ItemAt(c + 1) : nullptr;
-        in.push_back(col ? col->Width() : -1);
-    }
-    return in;
+    // Everything else that SizeColZero reads (the grid's columns, widths and
+    // room) changes only where SizeColZero runs at once, or bumps the stamp.
+    if (m_sized.stamp != m_sizeStamp || m_sized.count != (m_columns ? m_columns->Count() : -1))
+        return true;
+    if (m_sized.sizeCol < 0)
+        return false;
+    const auto col = m_columns->Items().ItemAt(m_sized.sizeCol + 1);
+    return !col || col->Width() != m_sized.objectWidth;
 }
 
 void zelGridList::SizeColZero()
 {
     const QString &name = trailName("SizeColZero");
     zel::Trail t(name);
+    SizeMemo sized;
+    sized.stamp = m_sizeStamp;
+    sized.count = m_columns ? m_columns->Count() : -1;
     t.Run([&] {
         if (!m_autoSizeColZero || !m_columns)
             return;
@@ -728,13 +728,15 @@ void zelGridList::SizeColZero()
         if (!col)
             throw zelError(zelError::SubscriptOutOfRange);
         const qint32 w = col->Width();
+        sized.sizeCol = sizeCol;
+        sized.objectWidth = w;
         const qint32 client = GridClientWidth();
         mLog::TraceLog(name, QStringLiteral("Grd Width:"), QString::number(client));
         mLog::TraceLog(name, QStringLiteral("Col Width:"), QString::number(w));
         mLog::TraceLog(name, QStringLiteral("Sum Width:"), QString::number(sum));
         SetColumnWidth(sizeCol, sum + w < client ? qint32(client - sum) : w);
     });
-    m_sizedWith = SizeInputs();
+    m_sized = sized;
 }
 
 // ---------------------------------------------------------------- rows
@@ -756,23 +758,25 @@ std::shared_ptr<zelGridRow> zelGridList::AddItemEx(const QString &sRowText, cons
     const QScopedValueRollback<bool> busy(m_busy, true);
     t.Run([&] {
         m_selectedItems.reset();
-        // Rows a host put into or took out of Items directly are shown first.
-        if (m_model->Rows() != m_items->Count())
-            m_model->ResetRows();
         auto row = m_items->Create(sKey, sRowText, oTag);
         if (!row)
             return;
-        const qint32 lastRow = m_model->Rows();
-        if (lRow < 0 || lRow > lastRow) {
-            lRow = lastRow + 1;
-            m_model->RowAdded(lRow);
+        const qint32 count = m_items->Count();
+        if (lRow < 0 || lRow >= count) {
+            lRow = count;
         } else {
-            qint32 from = m_items->Count();
+            qint32 from = count;
             qint32 to = lRow;
             if (!m_items->Move(from, to))
                 return; // the row could not go there and is not in the list
-            m_model->RowAdded(lRow);
+            // The rows from lRow on move down one, and the current row and
+            // the selection with them.
+            m_model->Sync();
+            ShiftSelection(lRow, +1);
         }
+        m_model->RowsChanged(lRow, count);
+        if (m_model->ViewRows() != count)
+            m_model->ScheduleSync();
         result = row;
         if (m_checkBoxes)
             row->SetCheckedFlag(bChecked);
@@ -786,7 +790,10 @@ std::shared_ptr<zelGridRow> zelGridList::AddItemEx(const QString &sRowText, cons
             else
                 SelectItem(sKey);
         }
-        if (SizeInputs() != m_sizedWith)
+        // A row changes nothing that the sizing reads: it runs again only
+        // when something else did (its log would otherwise take a line per
+        // row).
+        if (SizingChanged())
             SizeColZero();
         if (lRow <= CurrentRow() + 1)
             EnableControls();
@@ -801,7 +808,7 @@ std::shared_ptr<zelGridRow> zelGridList::SetItem(const QString &sRowText, const 
     zel::Trail t(this, "SetItem");
     const QScopedValueRollback<bool> busy(m_busy, true);
     t.Run([&] {
-        const qint32 r = (lRow >= 1 && lRow <= m_model->Rows()) ? lRow : FindRow(sKey);
+        const qint32 r = (lRow >= 1 && lRow <= m_items->Count()) ? lRow : FindRow(sKey);
         if (r < 1)
             return;
         auto row = m_items->ItemAt(r);
@@ -852,7 +859,7 @@ bool zelGridList::SetItemColor(qint32 lRow, quint32 lColor)
     bool result = false;
     zel::Trail t(this, "SetItemColor");
     t.Run([&] {
-        const auto row = lRow >= 1 && lRow <= m_model->Rows() ? m_items->ItemAt(lRow) : nullptr;
+        const auto row = m_items->ItemAt(lRow);
         if (!row)
             return;
         row->SetRowColorValue(lColor);
@@ -875,7 +882,7 @@ bool zelGridList::CheckItem(qint32 lRow, bool bChecked)
     bool result = false;
     zel::Trail t(this, "CheckItem");
     t.Run([&] {
-        const auto row = lRow >= 1 && lRow <= m_model->Rows() ? m_items->ItemAt(lRow) : nullptr;
+        const auto row = m_items->ItemAt(lRow);
         if (!row)
             return;
         row->SetCheckedFlag(bChecked);
@@ -912,16 +919,84 @@ bool zelGridList::RemoveItem(qint32 lRow)
     bool result = false;
     zel::Trail t(trailName("RemoveItem"));
     t.Run([&] {
-        if (!m_model->InStep())
-            m_model->ResetRows();
-        if (lRow < 1 || lRow > m_model->Rows())
+        const qint32 count = m_items->Count();
+        if (lRow < 1 || lRow > count)
             return;
         m_selectedItems.reset();
-        m_model->RemoveRow(lRow, [&] { m_items->Remove(lRow); });
+        m_vfgItems->CloseEditor();
+        if (!m_items->Remove(lRow))
+            return;
+        // The rows below move up one; the last shows empty until the grid
+        // hears of the new count.
+        m_model->RowsChanged(lRow, count);
+        m_model->ScheduleSync();
+        ShiftSelection(lRow, -1);
         EnableControls();
         result = true;
     });
     return result;
+}
+
+void zelGridList::ShiftSelection(qint32 lRow, int delta)
+{
+    QItemSelectionModel *sm = m_vfgItems->selectionModel();
+    const int r0 = lRow - 1;
+    const int count = m_items->Count();
+    QItemSelection moved;
+    bool selectionMoves = false;
+    auto part = [&](int top, int bottom, const QItemSelectionRange &like) {
+        if (top <= bottom)
+            moved.append(QItemSelectionRange(m_model->index(top, like.left()),
+                                             m_model->index(bottom, like.right())));
+    };
+    for (const QItemSelectionRange &range : sm->selection()) {
+        if (range.bottom() < r0) {
+            moved.append(range);
+            continue;
+        }
+        selectionMoves = true;
+        part(range.top(), std::min(range.bottom(), r0 - 1), range);
+        if (delta > 0)
+            part(std::max(range.top(), r0) + 1, range.bottom() + 1, range);
+        else
+            part(std::max(range.top(), r0 + 1) - 1, range.bottom() - 1, range);
+    }
+    const QModelIndex current = sm->currentIndex();
+    int newCurrent = current.row();
+    bool currentGone = false;
+    if (current.isValid()) {
+        if (delta > 0 && current.row() >= r0) {
+            newCurrent = current.row() + 1;
+        } else if (delta < 0 && current.row() > r0) {
+            newCurrent = current.row() - 1;
+        } else if (delta < 0 && current.row() == r0) {
+            newCurrent = std::min(r0, count - 1);
+            currentGone = true;
+        }
+    }
+    if (!selectionMoves && newCurrent == current.row() && !currentGone)
+        return;
+    {
+        const QScopedValueRollback<bool> busy(m_busy, true);
+        const bool autoScroll = m_vfgItems->hasAutoScroll();
+        m_vfgItems->setAutoScroll(false);
+        if (selectionMoves)
+            sm->select(moved, QItemSelectionModel::ClearAndSelect);
+        if (newCurrent < 0) {
+            sm->clearCurrentIndex();
+        } else if (newCurrent != current.row() || currentGone) {
+            // A removed current row hands over to the row now in its place,
+            // which a single selection then selects.
+            const auto command =
+                currentGone && !m_multiSelect
+                    ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                    : QItemSelectionModel::NoUpdate;
+            sm->setCurrentIndex(m_model->index(newCurrent, current.column()), command);
+        }
+        m_vfgItems->setAutoScroll(autoScroll);
+    }
+    if (currentGone && newCurrent >= 0)
+        NoteSelectionChange();
 }
 
 bool zelGridList::RemoveItemByKey(const QString &sKey)
@@ -944,7 +1019,7 @@ bool zelGridList::SelectItem(const QString &sKey)
     const QScopedValueRollback<bool> busy(m_busy, true);
     t.Run([&] {
         const qint32 r = FindRow(sKey);
-        if (r < 1 || r > m_model->Rows())
+        if (r < 1)
             return;
         SelectRow(r);
         result = true;
@@ -954,8 +1029,9 @@ bool zelGridList::SelectItem(const QString &sKey)
 
 void zelGridList::SelectRow(qint32 lRow)
 {
-    if (lRow < 1 || lRow > m_model->Rows() || m_model->columnCount() == 0)
+    if (lRow < 1 || lRow > m_items->Count() || m_model->columnCount() == 0)
         return;
+    m_model->Sync();
     const int column = std::max(0, m_vfgItems->currentIndex().column());
     const QModelIndex index = m_model->index(lRow - 1, column);
     const auto command =
@@ -970,10 +1046,8 @@ QVariant zelGridList::Refresh()
     QVariant result = false;
     zel::Trail t(this, "Refresh");
     t.Run([&] {
-        if (m_model->InStep())
-            m_model->RowsChanged(1, m_model->Rows());
-        else
-            m_model->ResetRows();
+        m_model->Sync();
+        m_model->RowsChanged(1, m_items->Count());
         m_vfgItems->viewport()->update();
         EnableControls();
         result = true;

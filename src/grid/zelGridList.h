@@ -221,14 +221,17 @@ private:
     void SetColorCells(qint32 lRow);
     void SetBackColor(qint32 lRow);
     qint32 FindRow(const QString &sKey) const;
+    // Row lRow was inserted (delta 1) or removed (delta -1): the current row
+    // and the selected rows below it move with their rows.
+    void ShiftSelection(qint32 lRow, int delta);
     void SelectRow(qint32 lRow);
     void EnableControls();
     void SetVisibleButtons();
     void ApplyLanguage();
     void ApplySelectionMode();
     void MarkChanged(const QString &name) { emit PropertyChanged(name); }
-    // The inputs SizeColZero reads; a run with the same ones changes nothing.
-    std::vector<qint64> SizeInputs() const;
+    // Whether SizeColZero could size differently than it did last time.
+    bool SizingChanged() const;
 
     void cmdAdd_Click();
     void cmdEdit_Click();
@@ -292,6 +295,15 @@ private:
     bool m_selectionPending = false;
     bool m_selectionQueued = false;
     std::vector<qint32> m_colWidths; // twips, per grid column
-    std::vector<qint64> m_sizedWith; // SizeInputs() after the last SizeColZero
+    // What the last SizeColZero read: a user's column resize bumps the stamp.
+    struct SizeMemo
+    {
+        quint64 stamp = ~quint64(0);
+        qint32 count = -1;
+        int sizeCol = -1;
+        qint32 objectWidth = 0;
+    };
+    SizeMemo m_sized;
+    quint64 m_sizeStamp = 0;
     zelGridListLayout m_layout;
 };

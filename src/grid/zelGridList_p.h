@@ -47,24 +47,21 @@ public:
     void ResetColumns(std::vector<zelGridColumnSpec> specs);
     // Every row of Items anew, the columns kept.
     void ResetRows();
-    // Items got one more row at 1-based position row (already in Items).
-    void RowAdded(int row);
-    // Removes row (1-based) from the views around remove(), which takes it
-    // out of Items.
-    template <typename F> void RemoveRow(int row, F remove)
-    {
-        beginRemoveRows(QModelIndex(), row - 1, row - 1);
-        remove();
-        --m_rows;
-        endRemoveRows();
-    }
     // Rows first to last (1-based) show something new.
     void RowsChanged(int first, int last);
 
-    // Rows the views know; equal to Items.Count unless a host changed Items
-    // behind the control's back.
-    int Rows() const { return m_rows; }
-    bool InStep() const;
+    // The rows the views know. A view's row bookkeeping costs time in
+    // proportion to all its rows for every row inserted or removed, so the
+    // views hear of a changed row count once per turn of the event loop:
+    // until then rows past the end of Items show empty, and rows added past
+    // the views' end are not shown yet. Rows that move up or down within the
+    // grid are told as changed rows.
+    int ViewRows() const { return m_rows; }
+    // Tells the views the row count of Items now, in one step.
+    void Sync();
+    // Sync at the next turn of the event loop, before anything is painted.
+    void ScheduleSync();
+
     const std::vector<zelGridColumnSpec> &Specs() const { return m_specs; }
     qint32 DataType(int column) const;
     bool IsBoolean(int column) const { return DataType(column) == zelGridType::Boolean; }
@@ -82,6 +79,7 @@ private:
     std::vector<zelGridColumnSpec> m_specs;
     int m_rows = 0;
     bool m_hasColour = false;
+    bool m_syncQueued = false;
 };
 
 class zelGridView : public QTableView
@@ -93,6 +91,8 @@ public:
 
     // Starts editing the current cell, unless an editor is open already.
     void EditCurrent();
+    // Closes an open editor without taking its text.
+    void CloseEditor();
 
 protected:
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
@@ -109,6 +109,7 @@ private:
 
     zelGridList *m_owner;
     zelGridModel *m_model;
+    QPersistentModelIndex m_editIndex;
 };
 
 class zelGridDelegate : public QStyledItemDelegate

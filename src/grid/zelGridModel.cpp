@@ -76,11 +76,6 @@ bool zelGridModel::IsCheckColumn(int column) const
     return column == 0 && m_owner->m_checkBoxes && IsBoolean(0);
 }
 
-bool zelGridModel::InStep() const
-{
-    return m_owner->m_items && m_rows == m_owner->m_items->Count();
-}
-
 bool zelGridModel::TextIsTrue(QStringView text)
 {
     const QStringView t = text.trimmed();
@@ -98,7 +93,7 @@ QVariant zelGridModel::data(const QModelIndex &index, int role) const
     const int c = index.column();
     if (r < 0 || r >= m_rows || c < 0 || c >= int(m_specs.size()) || !m_owner->m_items)
         return {};
-    // A row a host took out of Items behind the control's back shows empty.
+    // Rows past the end of Items (removed this turn) show empty.
     const zelGridRow *row = m_owner->m_items->Items().ItemAt(r + 1).get();
     if (!row)
         return {};
@@ -153,7 +148,7 @@ QVariant zelGridModel::headerData(int section, Qt::Orientation orientation, int 
 
 Qt::ItemFlags zelGridModel::flags(const QModelIndex &index) const
 {
-    if (!index.isValid())
+    if (!index.isValid() || !m_owner->m_items || index.row() >= m_owner->m_items->Count())
         return Qt::NoItemFlags;
     Qt::ItemFlags f = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     const qint32 type = DataType(index.column());
@@ -166,7 +161,8 @@ Qt::ItemFlags zelGridModel::flags(const QModelIndex &index) const
 
 bool zelGridModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::EditRole || !index.isValid() || index.row() >= m_rows)
+    if (role != Qt::EditRole || !index.isValid() || index.row() >= m_rows ||
+        index.row() >= m_owner->m_items->Count())
         return false;
     m_owner->vfgItems_AfterEdit(index.row() + 1, index.column(), value.toString());
     return true;
@@ -190,11 +186,34 @@ void zelGridModel::ResetRows()
     endResetModel();
 }
 
-void zelGridModel::RowAdded(int row)
+void zelGridModel::Sync()
 {
-    beginInsertRows(QModelIndex(), row - 1, row - 1);
-    ++m_rows;
-    endInsertRows();
+    const int count = m_owner->m_items ? m_owner->m_items->Count() : 0;
+    if (count > m_rows) {
+        beginInsertRows(QModelIndex(), m_rows, count - 1);
+        m_rows = count;
+        endInsertRows();
+    } else if (count < m_rows) {
+        beginRemoveRows(QModelIndex(), count, m_rows - 1);
+        m_rows = count;
+        endRemoveRows();
+    }
+}
+
+void zelGridModel::ScheduleSync()
+{
+    if (m_syncQueued)
+        return;
+    m_syncQueued = true;
+    // Painting is posted at a lower priority: the views know the new count
+    // before they draw.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_syncQueued = false;
+            Sync();
+        },
+        Qt::QueuedConnection);
 }
 
 void zelGridModel::RowsChanged(int first, int last)
@@ -211,6 +230,13 @@ void zelGridModel::RowsChanged(int first, int last)
 zelGridView::zelGridView(zelGridList *owner, zelGridModel *model)
     : QTableView(owner), m_owner(owner), m_model(model)
 {}
+
+void zelGridView::CloseEditor()
+{
+    if (state() == EditingState && m_editIndex.isValid())
+        closePersistentEditor(m_editIndex);
+    m_editIndex = QPersistentModelIndex();
+}
 
 void zelGridView::EditCurrent()
 {
@@ -254,7 +280,9 @@ bool zelGridView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *ev
     if (!m_owner->vfgItems_BeforeEdit(row, column))
         return false;
     const bool opened = QTableView::edit(index, trigger, event);
-    if (!opened)
+    if (opened)
+        m_editIndex = index;
+    else
         m_owner->vfgItems_EditCancelled();
     return opened;
 }
@@ -262,6 +290,7 @@ bool zelGridView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *ev
 void zelGridView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     QTableView::closeEditor(editor, hint);
+    m_editIndex = QPersistentModelIndex();
     m_owner->vfgItems_EditCancelled();
 }
 

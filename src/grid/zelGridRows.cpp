@@ -37,10 +37,6 @@ std::shared_ptr<zelGridRow> zelGridRows::Create(const QString &sKey, const QStri
                                                 const QVariant &oTag)
 {
     try {
-        // A taken key is refused before a row is made for it: filling a
-        // list from a source with duplicates stays cheap.
-        if (!sKey.isEmpty() && m_items.ContainsKey(sKey))
-            return {};
         auto row = std::make_shared<zelGridRow>();
         row->SetTag(oTag);
         row->SetKey(sKey);

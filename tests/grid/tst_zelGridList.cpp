@@ -150,6 +150,17 @@ void tst_zelGridList::sizeColZeroTracesItsValues()
     QCOMPARE(got, (QStringList{"m_oColumns.Count: 3", "lSizeCol = 1", "Grd Width:6000",
                                "Col Width:0", "Sum Width:1240"}));
 
+    // Rows change nothing that the sizing reads: they add no lines to the log.
+    zelCaptureLogger::traces.clear();
+    for (int i = 0; i < 3; ++i)
+        g->AddItem(QStringLiteral("\tx\t1"), QString());
+    QCOMPARE(zelCaptureLogger::traces.size(), 0);
+    // A new width of the sizing column's object counts at the next row.
+    g->Columns()->Item(2)->SetWidth(5000);
+    g->AddItem(QStringLiteral("\ty\t2"), QString());
+    QCOMPARE(g->ColumnWidth(1), 5000);
+    QCOMPARE(zelCaptureLogger::traces.size(), 5);
+
     // A single column stops after the count.
     auto one = bareList();
     addColumns(*one, QStringLiteral("s0"));
@@ -317,6 +328,7 @@ void tst_zelGridList::addItemExChecksTheRow()
     const auto on =
         g->AddItemEx(QStringLiteral("\tA\t1"), QStringLiteral("a"), QVariant(), -1, true);
     const auto off = g->AddItemEx(QStringLiteral("\tB\t2"), QStringLiteral("b"));
+    QCoreApplication::processEvents();
     QCOMPARE(on->Checked(), true);
     QCOMPARE(off->Checked(), false);
     const QAbstractItemModel *m = g->Grid()->model();
@@ -395,12 +407,14 @@ void tst_zelGridList::columnsClearedWhileRowsExist()
                              int(Qt::TextAlignmentRole)})
                 m->index(r, c).data(role);
     QVERIFY(g->AddItem(QStringLiteral("D\t4"), QStringLiteral("d")));
+    QCoreApplication::processEvents();
     QCOMPARE(m->rowCount(), 4);
     g->SizeColZero();
     g->RefreshColumns();
     QCOMPARE(m->columnCount(), 0);
     QCOMPARE(m->rowCount(), g->Items()->Count());
     QVERIFY(g->AddItem(QStringLiteral("E"), QStringLiteral("e"), QVariant(), 2));
+    QCoreApplication::processEvents();
     QCOMPARE(m->rowCount(), 5);
     QCOMPARE(g->Items()->Item(2)->Data(), QStringLiteral("E"));
     g->AddColumn(QStringLiteral("Again"));
@@ -554,6 +568,7 @@ void tst_zelGridList::numbersShowTheirDecimals()
     g.AddColumnEx(QStringLiteral("Note"), ZEL_Controls_ColumnAlign(0), 8);
     g.AddItem(QStringLiteral("A\t12.5\t42"), QString());
     g.AddItem(QStringLiteral("B\tn/a\ttext"), QString());
+    QCoreApplication::processEvents();
     const QAbstractItemModel *m = g.Grid()->model();
     QCOMPARE(m->index(0, 1).data().toString(), QStringLiteral("12.50"));
     QCOMPARE(m->index(0, 1).data(Qt::EditRole).toString(), QStringLiteral("12.5"));

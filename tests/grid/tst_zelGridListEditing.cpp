@@ -65,6 +65,8 @@ private slots:
     void hostRedirectsAMovedRow();
     void optionButtonsReachTheHost();
     void userSelectionRaisesOnePairOfEvents();
+    void currentAndSelectionFollowTheirRows_data();
+    void currentAndSelectionFollowTheirRows();
     void multiSelectionCollectsTheSelectedRows();
     void inPlaceEdit_data();
     void inPlaceEdit();
@@ -203,6 +205,84 @@ void tst_zelGridListEditing::userSelectionRaisesOnePairOfEvents()
     QCOMPARE(g->SelectedItems()->Item(1)->Key(), QStringLiteral("a"));
 }
 
+void tst_zelGridListEditing::currentAndSelectionFollowTheirRows_data()
+{
+    QTest::addColumn<bool>("multi");
+    QTest::addColumn<QString>("selected"); // keys; the last one is current
+    QTest::addColumn<int>("remove");       // row removed, or 0
+    QTest::addColumn<int>("insert");       // row inserted at, or 0
+    QTest::addColumn<QString>("selectedAfter");
+    QTest::addColumn<QString>("currentAfter");
+    QTest::addColumn<QString>("events");
+
+    QTest::newRow("remove above the current") << false << "d" << 2 << 0 << "d"
+                                              << "d"
+                                              << "";
+    QTest::newRow("remove below the current") << false << "b" << 4 << 0 << "b"
+                                              << "b"
+                                              << "";
+    QTest::newRow("remove the current") << false << "c" << 3 << 0 << "d"
+                                        << "d"
+                                        << "SelectedItem(d,3);SelectionChanged";
+    QTest::newRow("remove the current last row") << false << "e" << 5 << 0 << "d"
+                                                 << "d"
+                                                 << "SelectedItem(d,4);SelectionChanged";
+    QTest::newRow("insert above the current") << false << "c" << 0 << 1 << "c"
+                                              << "c"
+                                              << "";
+    QTest::newRow("insert at the current") << false << "c" << 0 << 3 << "c"
+                                           << "c"
+                                           << "";
+    QTest::newRow("insert below the current") << false << "b" << 0 << 4 << "b"
+                                              << "b"
+                                              << "";
+    QTest::newRow("several, remove between") << true << "bde" << 3 << 0 << "bde"
+                                             << "e"
+                                             << "";
+    QTest::newRow("several, remove one of them") << true << "bce" << 3 << 0 << "be"
+                                                 << "e"
+                                                 << "";
+    QTest::newRow("several, insert among them") << true << "abe" << 0 << 2 << "abe"
+                                                << "e"
+                                                << "";
+}
+
+void tst_zelGridListEditing::currentAndSelectionFollowTheirRows()
+{
+    QFETCH(bool, multi);
+    QFETCH(QString, selected);
+    QFETCH(int, remove);
+    QFETCH(int, insert);
+    QFETCH(QString, selectedAfter);
+    QFETCH(QString, currentAfter);
+    QFETCH(QString, events);
+    zelTestScope scope;
+    auto g = makeList(5);
+    g->SetMultiSelect(multi);
+    if (multi)
+        g->Grid()->selectionModel()->clear();
+    for (const QChar k : selected)
+        g->SelectItem(QString(k));
+    QCoreApplication::processEvents();
+    zelGridEvents ev;
+    ev.watch(*g);
+    if (remove)
+        QVERIFY(g->RemoveItem(remove));
+    else
+        QVERIFY(g->AddItem(QStringLiteral("X\t0"), QStringLiteral("x"), QVariant(), insert));
+    QCoreApplication::processEvents();
+    QString keys;
+    for (const auto &r : *g->SelectedItems())
+        keys += r->Key();
+    QCOMPARE(keys, selectedAfter);
+    QCOMPARE(g->RowData(g->CurrentRow())->Key(), currentAfter);
+    QCOMPARE(ev.joined(), events);
+    // Each row object knows whether it is selected.
+    for (const auto &r : *g->Items())
+        QCOMPARE(r->Selected(), selectedAfter.contains(r->Key()));
+    QCOMPARE(outOfStep(*g), QString());
+}
+
 void tst_zelGridListEditing::multiSelectionCollectsTheSelectedRows()
 {
     zelTestScope scope;
@@ -330,6 +410,7 @@ void tst_zelGridListEditing::checkBoxesToggleByClickAndSpace()
     for (const char *k : {"a", "b"})
         g->AddItem(QStringLiteral("\t") + QString::fromLatin1(k).toUpper() + QStringLiteral("\t1"),
                    QString::fromLatin1(k));
+    QCoreApplication::processEvents();
     showList(*g);
     makeCurrent(*g, 2, 0);
     zelGridEvents ev;

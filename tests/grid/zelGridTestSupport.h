@@ -7,6 +7,7 @@
 #include "grid/zelGridList.h"
 
 #include <QAbstractItemModel>
+#include <QCoreApplication>
 #include <QStringList>
 #include <QTableView>
 
@@ -24,6 +25,8 @@ inline std::unique_ptr<zelGridList> makeList(int rows = 3)
     for (int i = 0; i < rows; ++i)
         g->AddItem(QStringLiteral("%1\t%2").arg(QChar(u'A' + i)).arg(i + 1),
                    QString(QChar(u'a' + i)));
+    // The grid hears of new rows at the next turn of the event loop.
+    QCoreApplication::processEvents();
     return g;
 }
 
@@ -37,9 +40,11 @@ inline QString order(const zelGridList &g)
 }
 
 // Empty when the grid shows every row object of Items in order, cell by
-// cell; what differs otherwise.
+// cell; what differs otherwise. The grid hears of a changed row count at
+// the next turn of the event loop, which this lets run first.
 inline QString outOfStep(const zelGridList &g)
 {
+    QCoreApplication::processEvents();
     const QAbstractItemModel *m = g.Grid()->model();
     if (m->rowCount() != g.Items()->Count())
         return QStringLiteral("rows %1, Items %2").arg(m->rowCount()).arg(g.Items()->Count());
