@@ -663,13 +663,14 @@ void zelGridList::ApplyColumnWidths()
         header->resizeSection(int(i), zel::TwipsToPixels(m_colWidths[i]));
 }
 
-void zelGridList::SetColumnWidth(int column, qint32 twips)
+void zelGridList::SetColumnWidth(int column, qint32 twips, int pixels)
 {
     if (column < 0 || column >= int(m_colWidths.size()))
         return;
     m_colWidths[size_t(column)] = twips;
     const QScopedValueRollback<bool> guard(m_applyingWidths, true);
-    m_vfgItems->horizontalHeader()->resizeSection(column, zel::TwipsToPixels(twips));
+    m_vfgItems->horizontalHeader()->resizeSection(column,
+                                                  pixels >= 0 ? pixels : zel::TwipsToPixels(twips));
 }
 
 qint32 zelGridList::ColumnWidth(int column) const
@@ -677,13 +678,17 @@ qint32 zelGridList::ColumnWidth(int column) const
     return column >= 0 && column < int(m_colWidths.size()) ? m_colWidths[size_t(column)] : 0;
 }
 
-qint32 zelGridList::GridClientWidth() const
+int zelGridList::GridClientPixels() const
 {
     // A shown grid knows its viewport (less a vertical scroll bar); a hidden
     // one has not laid out its scroll bars yet, and its inside is used.
-    const int pixels = m_vfgItems->isVisible() ? m_vfgItems->viewport()->width()
-                                               : m_vfgItems->contentsRect().width();
-    return zel::PixelsToTwips(pixels);
+    return m_vfgItems->isVisible() ? m_vfgItems->viewport()->width()
+                                   : m_vfgItems->contentsRect().width();
+}
+
+qint32 zelGridList::GridClientWidth() const
+{
+    return zel::PixelsToTwips(GridClientPixels());
 }
 
 bool zelGridList::SizingChanged() const
@@ -734,7 +739,18 @@ void zelGridList::SizeColZero()
         mLog::TraceLog(name, QStringLiteral("Grd Width:"), QString::number(client));
         mLog::TraceLog(name, QStringLiteral("Col Width:"), QString::number(w));
         mLog::TraceLog(name, QStringLiteral("Sum Width:"), QString::number(sum));
-        SetColumnWidth(sizeCol, sum + w < client ? qint32(client - sum) : w);
+        if (sum + w < client) {
+            // Filling the room: in pixels it takes exactly what the others
+            // leave, whatever each width rounded to.
+            int otherPixels = 0;
+            for (int c = 0; c < gridCols; ++c)
+                if (c != sizeCol)
+                    otherPixels += m_vfgItems->horizontalHeader()->sectionSize(c);
+            SetColumnWidth(sizeCol, qint32(client - sum),
+                           std::max(0, GridClientPixels() - otherPixels));
+        } else {
+            SetColumnWidth(sizeCol, w);
+        }
     });
     m_sized = sized;
 }

@@ -217,7 +217,9 @@ private:
 
     void InitGrid();
     void ApplyColumnWidths();
-    void SetColumnWidth(int column, qint32 twips);
+    // Twips, shown as `pixels` when given, else as the twips come to.
+    void SetColumnWidth(int column, qint32 twips, int pixels = -1);
+    int GridClientPixels() const;
     void SetColorCells(qint32 lRow);
     void SetBackColor(qint32 lRow);
     qint32 FindRow(const QString &sKey) const;
