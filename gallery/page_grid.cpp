@@ -26,9 +26,12 @@ void serve(zelGridList *grid, const QString &prefix, int valueColumn, double ste
                 cells << QString::number(0x00C0C0C0);
                 break;
             default:
-                cells << (zelGridType::IsNumeric(col->DataType())
-                              ? QStringLiteral("1")
-                              : prefix + QString::number(*counter));
+                if (zelGridType::IsNumeric(col->DataType()))
+                    cells << QStringLiteral("1");
+                else if (!col->ComboList().isEmpty())
+                    cells << col->ComboList().section(QLatin1Char('|'), 0, 0);
+                else
+                    cells << prefix + QString::number(*counter);
                 break;
             }
         }
