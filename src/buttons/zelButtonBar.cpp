@@ -306,7 +306,11 @@ void zelButtonBar::LayoutBar()
             QPushButton *b = m_buttons[size_t(slot)];
             if (p.Visible) {
                 b->setEnabled(p.Enabled);
-                b->setGeometry(toPixels(p.Rect));
+                const QRect px = toPixels(p.Rect);
+                b->setGeometry(px);
+                // A picture keeps clear of the button's frame.
+                const int side = qBound(0, px.height() - 6, 16);
+                b->setIconSize(QSize(side, side));
             }
             b->setVisible(p.Visible);
         }

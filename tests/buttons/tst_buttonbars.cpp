@@ -98,7 +98,6 @@ class tst_ButtonBars : public QObject
 private slots:
     void barSizesItselfAndPlacesButtons_data();
     void barSizesItselfAndPlacesButtons();
-    void noVisibleButtonGivesEmptyBar();
     void captionsFollowLanguage_data();
     void captionsFollowLanguage();
     void languageWidthIsNotMarkedChanged();
@@ -198,19 +197,6 @@ void tst_ButtonBars::barSizesItselfAndPlacesButtons()
     QCOMPARE(zelLoggedErrors(), 0);
 }
 
-void tst_ButtonBars::noVisibleButtonGivesEmptyBar()
-{
-    zelTestScope scope;
-    zelStdButtons bar;
-    bar.SetButtonsVisible(0);
-    QCOMPARE(bar.size(), QSize(0, 0));
-    bar.SetButtonHeight(600);
-    QCOMPARE(bar.size(), QSize(0, 0));
-    bar.ChangeVisibleButtons(ZEL_StdButton_OK, true);
-    QCOMPARE(bar.size(), QSize(72, 40));
-    QCOMPARE(visibleFromRight(&bar), QStringList{"cmdOK"});
-}
-
 void tst_ButtonBars::captionsFollowLanguage_data()
 {
     QTest::addColumn<QString>("kind");
@@ -292,6 +278,8 @@ void tst_ButtonBars::propsCaptionStaysOnHiddenBar()
     zelTestScope scope;
     zelPrpButtons bar;
     bar.SetButtonsVisible(0);
+    QCOMPARE(bar.size(), QSize(0, 0));
+    bar.SetButtonHeight(600);
     bar.SetLanguage(QStringLiteral("german"));
     bar.SetLanguage(QStringLiteral("english"));
     QCOMPARE(button(&bar, "cmdProperties")->text(), QStringLiteral("&Props"));
@@ -299,6 +287,7 @@ void tst_ButtonBars::propsCaptionStaysOnHiddenBar()
     QCOMPARE(bar.size(), QSize(0, 0));
     bar.SetButtonsVisible(ZEL_PrpButton_Props);
     QCOMPARE(button(&bar, "cmdProperties")->text(), QStringLiteral("&Properties"));
+    QCOMPARE(bar.size(), QSize(72, 40));
 }
 
 void tst_ButtonBars::switchedCaptionsOfStandardBar_data()
@@ -885,16 +874,6 @@ void tst_ButtonBars::methodsByName()
     QVERIFY(ok);
     QCOMPARE(std->property("ButtonsEnabled").toInt(), 13);
     QCOMPARE(zelLoggedErrors(), 0);
-
-    // Every own widget is there by name.
-    for (QObject *b : {static_cast<QObject *>(bar), std.get()}) {
-        const QString kind = b == bar ? QStringLiteral("Prp") : QStringLiteral("Std");
-        QStringList names = ownButtons(kind);
-        for (int i = 0; i < 4; ++i)
-            names.append(QStringLiteral("cmdOption%1").arg(i));
-        for (const QString &name : names)
-            QVERIFY2(b->findChild<QPushButton *>(name), qPrintable(name));
-    }
 }
 
 void tst_ButtonBars::enumerationsAndDispatchIds()
