@@ -1156,6 +1156,7 @@ bool zelGridList::vfgItems_BeforeEdit(qint32 lRow, qint32 lColumn)
 void zelGridList::vfgItems_AfterEdit(qint32 lRow, qint32 lColumn, const QString &sText)
 {
     zel::Trail t(this, "vfgItems_AfterEdit");
+    const QScopedValueRollback<bool> committing(m_committing, true);
     t.Run([&] {
         if (!m_editing || m_destroying)
             return;

@@ -292,6 +292,7 @@ private:
     bool m_busy = false;
     bool m_destroying = false;
     bool m_editing = false;
+    bool m_committing = false;
     bool m_applyingWidths = false;
     bool m_laying = false;
     bool m_selectionPending = false;

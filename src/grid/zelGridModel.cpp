@@ -233,7 +233,8 @@ zelGridView::zelGridView(zelGridList *owner, zelGridModel *model)
 
 void zelGridView::CloseEditor()
 {
-    if (state() == EditingState && m_editIndex.isValid())
+    // An editor handing over its text closes by itself once that is done.
+    if (state() == EditingState && m_editIndex.isValid() && !m_owner->m_committing)
         closePersistentEditor(m_editIndex);
     m_editIndex = QPersistentModelIndex();
 }

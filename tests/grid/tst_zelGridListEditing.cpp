@@ -71,6 +71,7 @@ private slots:
     void inPlaceEdit_data();
     void inPlaceEdit();
     void enterStartsAndEndsAnEdit();
+    void hostRemovesTheEditedRow();
     void checkBoxesToggleByClickAndSpace_data();
     void checkBoxesToggleByClickAndSpace();
     void dropDownOfTenThousandEntries();
@@ -383,6 +384,35 @@ void tst_zelGridListEditing::enterStartsAndEndsAnEdit()
     QCOMPARE(ev.joined(),
              QStringLiteral("BeforeEdit(1,0);EditCell(1,0,Alpha);EditCellByRef(1,0,Alpha)"));
     QCOMPARE(g->Items()->Item(1)->Data(), QStringLiteral("Alpha\t1"));
+}
+
+void tst_zelGridListEditing::hostRemovesTheEditedRow()
+{
+    zelTestScope scope;
+    auto g = makeList();
+    showList(*g);
+    const auto once = connect(g.get(), &zelGridList::EditCell, g.get(),
+                              [&](qint32 lRow, qint32, const QString &) { g->RemoveItem(lRow); });
+    QString byRef;
+    connect(g.get(), &zelGridList::EditCellByRef, g.get(),
+            [&](qint32, qint32, QString &sText) { byRef = sText; });
+    auto *editor = qobject_cast<QLineEdit *>(openEditor(*g, 2, 0));
+    QVERIFY(editor);
+    editor->setText(QStringLiteral("gone"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCOMPARE(order(*g), QStringLiteral("AC"));
+    QCOMPARE(byRef, QStringLiteral("gone"));
+    QCOMPARE(outOfStep(*g), QString());
+    // The grid goes on editing as before.
+    disconnect(once);
+    auto *next = qobject_cast<QLineEdit *>(openEditor(*g, 1, 0));
+    QVERIFY(next);
+    next->setText(QStringLiteral("Alpha"));
+    QTest::keyClick(next, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCOMPARE(g->Items()->Item(1)->Cell(0).toString(), QStringLiteral("Alpha"));
+    QCOMPARE(zelLoggedErrors(), 0);
 }
 
 void tst_zelGridListEditing::checkBoxesToggleByClickAndSpace_data()
