@@ -26,3 +26,12 @@
 #include "buttons/zelButtonEnums.h"
 #include "buttons/zelPrpButtons.h"
 #include "buttons/zelStdButtons.h"
+
+#include "grid/zelGridColumn.h"
+#include "grid/zelGridColumns.h"
+#include "grid/zelGridEnumerator.h"
+#include "grid/zelGridEnums.h"
+#include "grid/zelGridLayout.h"
+#include "grid/zelGridList.h"
+#include "grid/zelGridRow.h"
+#include "grid/zelGridRows.h"

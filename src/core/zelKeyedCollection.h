@@ -36,7 +36,7 @@ namespace zel {
 // Letter-case-blind hashing and comparison without building folded copies.
 struct CaseInsensitiveHash
 {
-    size_t operator()(const QString &s) const noexcept
+    size_t operator()(const QString &s) const
     {
         size_t h = 1469598103934665603ull;
         for (const QChar c : s) {

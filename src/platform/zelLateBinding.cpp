@@ -90,15 +90,18 @@ QVariant CallByName(QObject *object, const QString &method, QVariantList &args, 
         if (!convertible)
             continue;
 
+        // A method that answers a QVariant writes it straight into result.
         QVariant result;
         const QMetaType rt = m.returnMetaType();
-        if (rt.isValid() && rt.id() != QMetaType::Void)
+        const bool variantResult = rt == QMetaType::fromType<QVariant>();
+        if (rt.isValid() && rt.id() != QMetaType::Void && !variantResult)
             result = QVariant(rt);
 
         // Each argument is handed over as the address of its storage, so that
         // a by-reference parameter writes back into converted[p].
         std::vector<void *> argv(size_t(m.parameterCount()) + 1);
-        argv[0] = result.isValid() ? result.data() : nullptr;
+        argv[0] = variantResult ? static_cast<void *>(&result)
+                                : (result.isValid() ? result.data() : nullptr);
         for (int p = 0; p < m.parameterCount(); ++p)
             argv[size_t(p) + 1] = ParameterType(m, p) == QMetaType::fromType<QVariant>()
                                       ? static_cast<void *>(&converted[p])
