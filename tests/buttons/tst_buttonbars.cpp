@@ -5,19 +5,19 @@
 
 #include "zelFakePlatform.h"
 
-#include <QApplication>
+#include <QFile>
 #include <QImage>
 #include <QLineEdit>
-#include <QMetaEnum>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QVBoxLayout>
 
 #include <memory>
 
 namespace {
+
+const int tpp = 15; // twips per pixel on the fake platform
 
 std::unique_ptr<zelButtonBar> makeBar(const QString &kind)
 {
@@ -34,12 +34,16 @@ QPushButton *button(QWidget *bar, const QString &name)
     return b;
 }
 
-// The names of the bar's own buttons, Help first (bit 1) to the main one (bit 8).
-QStringList ownButtons(const QString &kind)
+// The bar's buttons by bit: Help (1), the second (2), the third (4), the main
+// one (8), then the option buttons 0 to 3 (16 to 128).
+QStringList buttonsByBit(const QString &kind)
 {
-    if (kind == QLatin1String("Std"))
-        return {"cmdHelp", "cmdApply", "cmdCancel", "cmdOK"};
-    return {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"};
+    QStringList names = kind == QLatin1String("Std")
+                            ? QStringList{"cmdHelp", "cmdApply", "cmdCancel", "cmdOK"}
+                            : QStringList{"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"};
+    for (int i = 0; i < 4; ++i)
+        names.append(QStringLiteral("cmdOption%1").arg(i));
+    return names;
 }
 
 // The visible buttons, from the right edge to the left.
@@ -80,12 +84,17 @@ QStringList *recordEvents(zelButtonBar *bar)
     return events;
 }
 
-QString pngFile(const QTemporaryDir &dir)
+// A picture file in dir, or a file that only claims to be one.
+QString pictureFile(const QTemporaryDir &dir, bool valid = true)
 {
-    const QString file = dir.filePath(QStringLiteral("star.png"));
+    const QString file = dir.filePath(valid ? "star.png" : "broken.png");
     QImage img(16, 16, QImage::Format_ARGB32);
     img.fill(Qt::red);
-    img.save(file);
+    QFile f(file);
+    const bool written =
+        valid ? img.save(file) : f.open(QIODevice::WriteOnly) && f.write("not a png") > 0;
+    if (!written)
+        qFatal("cannot write %s", qPrintable(file));
     return file;
 }
 
@@ -100,33 +109,22 @@ private slots:
     void barSizesItselfAndPlacesButtons();
     void captionsFollowLanguage_data();
     void captionsFollowLanguage();
-    void languageWidthIsNotMarkedChanged();
     void propsCaptionStaysOnHiddenBar();
-    void switchedCaptionsOfStandardBar_data();
-    void switchedCaptionsOfStandardBar();
     void changeBitsKeepsOtherBits_data();
     void changeBitsKeepsOtherBits();
-    void focusOnButtonFocusesSingleButtons_data();
-    void focusOnButtonFocusesSingleButtons();
-    void clicksRaiseTheirEvents_data();
-    void clicksRaiseTheirEvents();
-    void disabledButtonRaisesNothing();
+    void focusOnButtonTakesSingleValuesOnly_data();
+    void focusOnButtonTakesSingleValuesOnly();
+    void everyButtonRaisesItsEvent_data();
+    void everyButtonRaisesItsEvent();
     void persistenceRoundTrip_data();
     void persistenceRoundTrip();
     void storedWidthYieldsToLanguage_data();
     void storedWidthYieldsToLanguage();
     void corruptBagIsLoggedAndSurvived();
-    void badValuesByNameAreLogged_data();
-    void badValuesByNameAreLogged();
-    void optionButtonCaptions();
-    void optionButtonPictures_data();
-    void optionButtonPictures();
-    void optionButtonPictureFromFile();
-    void everyPropertyByName_data();
-    void everyPropertyByName();
-    void methodsByName();
-    void enumerationsAndDispatchIds();
-    void embedsAsChildWidget();
+    void propertiesByName_data();
+    void propertiesByName();
+    void optionButtonsCarryTheHostsCaptionsAndPictures();
+    void dispatchIdsAndEventOrder();
 };
 
 void tst_ButtonBars::barSizesItselfAndPlacesButtons_data()
@@ -136,38 +134,18 @@ void tst_ButtonBars::barSizesItselfAndPlacesButtons_data()
     QTest::addColumn<qint32>("visible");
     QTest::addColumn<int>("widthTwips");
     QTest::addColumn<QStringList>("fromRight");
-
-    QTest::newRow("Std defaults") << "Std"
-                                  << "English" << qint32(ZEL_StdButton_All) << 4680
-                                  << QStringList{"cmdHelp", "cmdApply", "cmdCancel", "cmdOK"};
-    QTest::newRow("Std OK Cancel")
-        << "Std"
-        << "English" << qint32(ZEL_StdButton_OKCancel) << 2280 << QStringList{"cmdCancel", "cmdOK"};
-    QTest::newRow("Std OK Cancel German")
-        << "Std"
-        << "german" << qint32(ZEL_StdButton_OKCancel) << 2520 << QStringList{"cmdCancel", "cmdOK"};
-    QTest::newRow("Std with options")
-        << "Std"
-        << "English" << qint32(ZEL_StdButton_OKCancelHelp | ZEL_StdButton_Option0) << 4680
-        << QStringList{"cmdHelp", "cmdCancel", "cmdOK", "cmdOption0"};
-    QTest::newRow("Std all eight")
-        << "Std"
-        << "Deutsch" << qint32(255) << 10440
-        << QStringList{"cmdHelp",    "cmdApply",   "cmdCancel",  "cmdOK",
-                       "cmdOption0", "cmdOption1", "cmdOption2", "cmdOption3"};
-    QTest::newRow("Prp defaults") << "Prp"
-                                  << "English" << qint32(ZEL_PrpButton_All) << 4680
-                                  << QStringList{"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"};
-    QTest::newRow("Prp Deutsch") << "Prp"
-                                 << "Deutsch" << qint32(ZEL_PrpButton_All) << 5160
-                                 << QStringList{"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"};
-    QTest::newRow("Prp Add Remove") << "Prp"
-                                    << "English" << qint32(ZEL_PrpButton_AddRemove) << 2280
-                                    << QStringList{"cmdRemove", "cmdAdd"};
-    QTest::newRow("Prp option 3 and Help")
-        << "Prp"
-        << "English" << qint32(ZEL_PrpButton_Option3 | ZEL_PrpButton_Help) << 2280
-        << QStringList{"cmdHelp", "cmdOption3"};
+    auto row = [](const char *name, const char *kind, const char *language, qint32 visible,
+                  int width, const QStringList &fromRight) {
+        QTest::newRow(name) << QString(kind) << QString(language) << visible << width << fromRight;
+    };
+    row("Std OK Cancel", "Std", "English", ZEL_StdButton_OKCancel, 2280, {"cmdCancel", "cmdOK"});
+    row("Std all eight German", "Std", "Deutsch", 255, 10440,
+        {"cmdHelp", "cmdApply", "cmdCancel", "cmdOK", "cmdOption0", "cmdOption1", "cmdOption2",
+         "cmdOption3"});
+    row("Prp defaults", "Prp", "English", ZEL_PrpButton_All, 4680,
+        {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"});
+    row("Prp option 3 and Help", "Prp", "English", ZEL_PrpButton_Option3 | ZEL_PrpButton_Help, 2280,
+        {"cmdHelp", "cmdOption3"});
 }
 
 void tst_ButtonBars::barSizesItselfAndPlacesButtons()
@@ -182,9 +160,6 @@ void tst_ButtonBars::barSizesItselfAndPlacesButtons()
     auto bar = makeBar(kind);
     bar->SetLanguage(language);
     bar->SetButtonsVisible(visible);
-
-    const int tpp = 15;
-    QCOMPARE(bar->BarLayout().Size, QSize(widthTwips, 315));
     QCOMPARE(bar->size(), QSize(widthTwips / tpp, 315 / tpp));
     QCOMPARE(visibleFromRight(bar.get()), fromRight);
     // Each button is ButtonWidth wide, the rightmost ends at the right edge,
@@ -200,77 +175,68 @@ void tst_ButtonBars::barSizesItselfAndPlacesButtons()
 void tst_ButtonBars::captionsFollowLanguage_data()
 {
     QTest::addColumn<QString>("kind");
-    QTest::addColumn<QStringList>("languages"); // set in turn on a new bar
+    QTest::addColumn<QStringList>("steps"); // in turn: a switch name turns it on, else a language
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QStringList>("captions"); // Help, bit 2, bit 4, bit 8
     QTest::addColumn<int>("buttonWidth");
 
-    const QStringList stdEn{"&Help", "&Apply", "Cancel", "OK"};
-    const QStringList stdDe{"&Hilfe", "&Ausführen", "Abbruch", "Ok"};
-    const QStringList prpEn{"&Help", "&Properties", "Remove", "New"};
-    const QStringList prpDe{"&Hilfe", "&Ausführen", "Abbruch", "New"};
-
     for (const QString &kind : {QStringLiteral("Std"), QStringLiteral("Prp")}) {
         const bool s = kind == QLatin1String("Std");
-        const QStringList en = s ? stdEn : prpEn;
-        const QStringList de = s ? stdDe : prpDe;
-        auto row = [&](const char *name) -> QTestData & {
-            return QTest::addRow("%s %s", qPrintable(kind), name);
+        const QStringList en = s ? QStringList{"&Help", "&Apply", "Cancel", "OK"}
+                                 : QStringList{"&Help", "&Properties", "Remove", "New"};
+        const QStringList de = s ? QStringList{"&Hilfe", "&Ausführen", "Abbruch", "Ok"}
+                                 : QStringList{"&Hilfe", "&Ausführen", "Abbruch", "New"};
+        auto row = [&](const char *name, const QStringList &steps) -> QTestData & {
+            return QTest::addRow("%s %s", qPrintable(kind), name) << kind << steps;
         };
-        row("new bar") << kind << QStringList{} << "English" << en << 1080;
-        row("german") << kind << QStringList{"german"} << "german" << de << 1200;
-        row("Deutsch") << kind << QStringList{"Deutsch"} << "Deutsch" << de << 1200;
-        row("GERMAN after german")
-            << kind << QStringList{"german", "GERMAN"} << "german" << de << 1200;
-        row("french after german")
-            << kind << QStringList{"german", "french"} << "french" << de << 1200;
-        row("french after english") << kind << QStringList{"french"} << "french" << en << 1080;
-        row("german after french")
-            << kind << QStringList{"french", "german"} << "german" << de << 1200;
-        row("empty after german") << kind << QStringList{"german", ""} << "English" << en << 1080;
-        row("ENGLISH after german")
-            << kind << QStringList{"german", "ENGLISH"} << "ENGLISH" << en << 1080;
-        row("English after ENGLISH")
-            << kind << QStringList{"german", "ENGLISH", "English"} << "ENGLISH" << en << 1080;
+        row("new bar", {}) << "English" << en << 1080;
+        row("GERMAN after german", {"german", "GERMAN"}) << "german" << de << 1200;
+        row("french after german", {"german", "french"}) << "french" << de << 1200;
+        row("empty after german", {"german", ""}) << "English" << en << 1080;
+        row("Deutsch after french", {"french", "Deutsch"}) << "Deutsch" << de << 1200;
     }
+    // The switches of the standard bar, set before and after the language.
+    const QStringList closeDe{"&Hilfe", "&Ausführen", "Abbruch", "Schließen"};
+    const QStringList previewDe{"&Hilfe", "&Preview", "Abbruch", "Ok"};
+    const QStringList bothEn{"&Help", "&Preview", "Cancel", "Close"};
+    QTest::newRow("Std close, then german")
+        << "Std" << QStringList{"OKasClose", "german"} << "german" << closeDe << 1200;
+    QTest::newRow("Std german, then preview in English")
+        << "Std" << QStringList{"german", "ApplyAsPreview"} << "german" << previewDe << 1200;
+    QTest::newRow("Std close and preview")
+        << "Std" << QStringList{"OKasClose", "ApplyAsPreview"} << "English" << bothEn << 1080;
 }
 
 void tst_ButtonBars::captionsFollowLanguage()
 {
     QFETCH(QString, kind);
-    QFETCH(QStringList, languages);
+    QFETCH(QStringList, steps);
     QFETCH(QString, stored);
     QFETCH(QStringList, captions);
     QFETCH(int, buttonWidth);
     zelTestScope scope;
 
     auto bar = makeBar(kind);
-    for (const QString &l : languages)
-        bar->SetLanguage(l);
+    QSignalSpy marks(bar.get(), &zelButtonBar::PropertyChanged);
+    for (const QString &step : steps) {
+        if (step.startsWith(QLatin1String("OK")) || step.startsWith(QLatin1String("Apply")))
+            QVERIFY(zel::SetProperty(bar.get(), step, true));
+        else
+            bar->SetLanguage(step);
+    }
     QCOMPARE(bar->Language(), stored);
     QStringList shown;
-    for (const QString &name : ownButtons(kind))
+    for (const QString &name : buttonsByBit(kind).first(4))
         shown.append(button(bar.get(), name)->text());
     QCOMPARE(shown, captions);
     QCOMPARE(bar->ButtonWidth(), buttonWidth);
-    QCOMPARE(bar->width(), (4 * (buttonWidth + 120) - 120) / 15);
-    if (kind == QLatin1String("Prp")) {
-        // The German flag goes with the captions, but any other language clears it.
-        const bool german = zelClassifyLanguage(stored) == zelBarLanguage::German;
-        QCOMPARE(bar->IsGerman(), german);
-    }
-}
-
-void tst_ButtonBars::languageWidthIsNotMarkedChanged()
-{
-    zelTestScope scope;
-    zelPrpButtons bar;
-    QSignalSpy marks(&bar, &zelButtonBar::PropertyChanged);
-    bar.SetButtonWidth(2000);
-    QCOMPARE(marks.count(), 1);
-    bar.SetLanguage(QStringLiteral("german"));
-    QCOMPARE(bar.ButtonWidth(), 1200);
-    QCOMPARE(marks.count(), 1);
+    QCOMPARE(bar->width(), (4 * (buttonWidth + 120) - 120) / tpp);
+    // The language's width is no width the host set: it is not marked.
+    for (const QList<QVariant> &m : std::as_const(marks))
+        QVERIFY(m.at(0).toString() != QLatin1String("ButtonWidth"));
+    // The German flag goes with the captions, but any other language clears it.
+    if (kind == QLatin1String("Prp"))
+        QCOMPARE(bar->IsGerman(), zelClassifyLanguage(stored) == zelBarLanguage::German);
 }
 
 void tst_ButtonBars::propsCaptionStaysOnHiddenBar()
@@ -279,128 +245,72 @@ void tst_ButtonBars::propsCaptionStaysOnHiddenBar()
     zelPrpButtons bar;
     bar.SetButtonsVisible(0);
     QCOMPARE(bar.size(), QSize(0, 0));
-    bar.SetButtonHeight(600);
     bar.SetLanguage(QStringLiteral("german"));
     bar.SetLanguage(QStringLiteral("english"));
     QCOMPARE(button(&bar, "cmdProperties")->text(), QStringLiteral("&Props"));
-    QCOMPARE(button(&bar, "cmdAdd")->text(), QStringLiteral("New"));
     QCOMPARE(bar.size(), QSize(0, 0));
     bar.SetButtonsVisible(ZEL_PrpButton_Props);
     QCOMPARE(button(&bar, "cmdProperties")->text(), QStringLiteral("&Properties"));
-    QCOMPARE(bar.size(), QSize(72, 40));
-}
-
-void tst_ButtonBars::switchedCaptionsOfStandardBar_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<bool>("okAsClose");
-    QTest::addColumn<bool>("applyAsPreview");
-    QTest::addColumn<QString>("ok");
-    QTest::addColumn<QString>("apply");
-
-    QTest::newRow("English plain") << "English" << false << false << "OK"
-                                   << "&Apply";
-    QTest::newRow("English close") << "English" << true << false << "Close"
-                                   << "&Apply";
-    QTest::newRow("English preview") << "English" << false << true << "OK"
-                                     << "&Preview";
-    QTest::newRow("German close") << "german" << true << false << "Schließen"
-                                  << "&Ausführen";
-    QTest::newRow("German preview stays English") << "deutsch" << true << true << "Schließen"
-                                                  << "&Preview";
-    QTest::newRow("German plain") << "GERMAN" << false << false << "Ok"
-                                  << "&Ausführen";
-}
-
-void tst_ButtonBars::switchedCaptionsOfStandardBar()
-{
-    QFETCH(QString, language);
-    QFETCH(bool, okAsClose);
-    QFETCH(bool, applyAsPreview);
-    QFETCH(QString, ok);
-    QFETCH(QString, apply);
-    zelTestScope scope;
-
-    // Both orders: switches before and after the language.
-    for (const bool switchesFirst : {true, false}) {
-        zelStdButtons bar;
-        QStringList *events = recordEvents(&bar);
-        if (switchesFirst) {
-            bar.SetOKasClose(okAsClose);
-            bar.SetApplyAsPreview(applyAsPreview);
-            bar.SetLanguage(language);
-        } else {
-            bar.SetLanguage(language);
-            bar.SetOKasClose(okAsClose);
-            bar.SetApplyAsPreview(applyAsPreview);
-        }
-        QCOMPARE(button(&bar, "cmdOK")->text(), ok);
-        QCOMPARE(button(&bar, "cmdApply")->text(), apply);
-        button(&bar, "cmdOK")->click();
-        button(&bar, "cmdApply")->click();
-        QCOMPARE(*events, (QStringList{"OK", "Apply"}));
-    }
+    QCOMPARE(bar.size(), QSize(72, 21));
 }
 
 void tst_ButtonBars::changeBitsKeepsOtherBits_data()
 {
     QTest::addColumn<QString>("kind");
-    QTest::addColumn<bool>("visibleSet"); // ChangeVisibleButtons, else ChangeEnabledButtons
+    QTest::addColumn<QString>("method");
     QTest::addColumn<qint32>("start");
-    QTest::addColumn<qint32>("eButton");
+    QTest::addColumn<QVariant>("eButton"); // by number, enumeration value or member name
     QTest::addColumn<bool>("on");
     QTest::addColumn<qint32>("expected");
-
-    QTest::newRow("Std Apply disabled") << "Std" << false << 15 << 2 << false << 13;
-    QTest::newRow("Std Apply enabled again") << "Std" << false << 13 << 2 << true << 15;
-    QTest::newRow("Std OKCancel disabled") << "Std" << false << 15 << 12 << false << 3;
-    QTest::newRow("Std options enabled") << "Std" << false << 0 << (16 | 64) << true << 80;
-    QTest::newRow("Std already clear") << "Std" << false << 13 << 2 << false << 13;
-    QTest::newRow("Std Help hidden") << "Std" << true << 15 << 1 << false << 14;
-    QTest::newRow("Std option shown") << "Std" << true << 12 << 128 << true << 140;
-    QTest::newRow("Prp Remove disabled") << "Prp" << false << 255 << 4 << false << 251;
-    QTest::newRow("Prp AddRemove hidden") << "Prp" << true << 15 << 12 << false << 3;
-    QTest::newRow("Prp All shown") << "Prp" << true << 16 << 15 << true << 31;
+    auto row = [](const char *name, const char *kind, const char *method, qint32 start,
+                  const QVariant &eButton, bool on, qint32 expected) {
+        QTest::newRow(name) << QString(kind) << QString(method) << start << eButton << on
+                            << expected;
+    };
+    const char *enabled = "ChangeEnabledButtons";
+    const char *visible = "ChangeVisibleButtons";
+    row("Std Apply disabled", "Std", enabled, 15, QVariant::fromValue(ZEL_StdButton_Apply), false,
+        13);
+    row("Std already clear", "Std", enabled, 13, 2, false, 13);
+    row("Std options enabled", "Std", enabled, 0, 16 | 64, true, 80);
+    row("Std Help hidden", "Std", "changevisiblebuttons", 15, 1, false, 14);
+    row("Prp AddRemove hidden", "Prp", visible, 15, "ZEL_PrpButton_AddRemove", false, 3);
+    row("Prp All shown", "Prp", visible, 16, QVariant::fromValue(ZEL_PrpButton_All), true, 31);
 }
 
 void tst_ButtonBars::changeBitsKeepsOtherBits()
 {
     QFETCH(QString, kind);
-    QFETCH(bool, visibleSet);
+    QFETCH(QString, method);
     QFETCH(qint32, start);
-    QFETCH(qint32, eButton);
+    QFETCH(QVariant, eButton);
     QFETCH(bool, on);
     QFETCH(qint32, expected);
     zelTestScope scope;
 
+    const bool visibleSet = method.contains(QLatin1String("visible"), Qt::CaseInsensitive);
     auto bar = makeBar(kind);
     bar->SetButtonsVisible(visibleSet ? start : 255);
     bar->SetButtonsEnabled(visibleSet ? 255 : start);
     QSignalSpy marks(bar.get(), &zelButtonBar::PropertyChanged);
-    const char *method = visibleSet ? "ChangeVisibleButtons" : "ChangeEnabledButtons";
     bool ok = false;
-    zel::CallByName(bar.get(), QString::fromLatin1(method), {eButton, on}, &ok);
+    zel::CallByName(bar.get(), method, {eButton, on}, &ok);
     QVERIFY(ok);
 
     QCOMPARE(visibleSet ? bar->ButtonsVisible() : bar->ButtonsEnabled(), expected);
     QCOMPARE(marks.count(), 1);
-    QCOMPARE(marks.at(0).at(0).toString(),
-             visibleSet ? QStringLiteral("ButtonsVisible") : QStringLiteral("ButtonsEnabled"));
+    QCOMPARE(marks.at(0).at(0).toString(), visibleSet ? "ButtonsVisible" : "ButtonsEnabled");
     // The widgets follow the bits.
-    QStringList names = ownButtons(kind);
-    for (int i = 0; i < 4; ++i)
-        names.append(QStringLiteral("cmdOption%1").arg(i));
+    const QStringList names = buttonsByBit(kind);
     for (int slot = 0; slot < 8; ++slot) {
         QPushButton *b = button(bar.get(), names.at(slot));
         const bool bit = (expected & (1 << slot)) != 0;
-        if (visibleSet)
-            QCOMPARE(b->isVisibleTo(bar.get()), bit);
-        else
-            QCOMPARE(b->isEnabled(), bit);
+        QCOMPARE(visibleSet ? b->isVisibleTo(bar.get()) : b->isEnabled(), bit);
     }
+    QCOMPARE(zelLoggedErrors(), 0);
 }
 
-void tst_ButtonBars::focusOnButtonFocusesSingleButtons_data()
+void tst_ButtonBars::focusOnButtonTakesSingleValuesOnly_data()
 {
     QTest::addColumn<qint32>("eButton");
     QTest::addColumn<QString>("focused"); // "" = the focus stays where it was
@@ -409,89 +319,47 @@ void tst_ButtonBars::focusOnButtonFocusesSingleButtons_data()
     QTest::newRow("Remove") << qint32(ZEL_PrpButton_Remove) << "cmdRemove";
     QTest::newRow("Props") << qint32(ZEL_PrpButton_Props) << "cmdProperties";
     QTest::newRow("Option0") << qint32(ZEL_PrpButton_Option0) << "cmdOption0";
-    QTest::newRow("Option1") << qint32(ZEL_PrpButton_Option1) << "cmdOption1";
     QTest::newRow("Option2") << qint32(ZEL_PrpButton_Option2) << "cmdOption2";
-    QTest::newRow("Option3") << qint32(ZEL_PrpButton_Option3) << "cmdOption3";
     QTest::newRow("Help") << qint32(ZEL_PrpButton_Help) << "";
-    QTest::newRow("None") << qint32(ZEL_PrpButton_None) << "";
     QTest::newRow("AddRemove") << qint32(ZEL_PrpButton_AddRemove) << "";
-    QTest::newRow("All") << qint32(ZEL_PrpButton_All) << "";
     QTest::newRow("two options") << qint32(ZEL_PrpButton_Option0 | ZEL_PrpButton_Option1) << "";
-    QTest::newRow("256") << qint32(256) << "";
 }
 
-void tst_ButtonBars::focusOnButtonFocusesSingleButtons()
+void tst_ButtonBars::focusOnButtonTakesSingleValuesOnly()
 {
     QFETCH(qint32, eButton);
     QFETCH(QString, focused);
     zelTestScope scope;
 
     QWidget window;
-    auto *layout = new QVBoxLayout(&window);
     auto *edit = new QLineEdit(&window);
     auto *bar = new zelPrpButtons(&window);
-    layout->addWidget(edit);
-    layout->addWidget(bar);
     bar->SetButtonsVisible(255);
     bar->SetButtonsEnabled(255);
-    window.show();
-    QApplication::setActiveWindow(&window);
     edit->setFocus();
-    const bool active = QTest::qWaitForWindowActive(&window, 1000);
-
     bool ok = false;
     zel::CallByName(bar, QStringLiteral("FocusOnButton"), {eButton}, &ok);
     QVERIFY(ok);
-
     QWidget *expected = focused.isEmpty() ? static_cast<QWidget *>(edit) : button(bar, focused);
     QCOMPARE(window.focusWidget(), expected);
-    if (!active)
-        QSKIP("the platform cannot activate a window; focus checked as the window's focus child");
-    QVERIFY(expected->hasFocus());
     QCOMPARE(zelLoggedErrors(), 0);
 }
 
-void tst_ButtonBars::clicksRaiseTheirEvents_data()
+void tst_ButtonBars::everyButtonRaisesItsEvent_data()
 {
     QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("event");
+    QTest::addColumn<QStringList>("events"); // clicking the buttons by bit
 
-    QTest::newRow("Std OK") << "Std"
-                            << "cmdOK"
-                            << "OK";
-    QTest::newRow("Std Cancel") << "Std"
-                                << "cmdCancel"
-                                << "Cancel";
-    QTest::newRow("Std Apply") << "Std"
-                               << "cmdApply"
-                               << "Apply";
-    QTest::newRow("Std Help") << "Std"
-                              << "cmdHelp"
-                              << "Help";
-    QTest::newRow("Prp Add") << "Prp"
-                             << "cmdAdd"
-                             << "Add";
-    QTest::newRow("Prp Remove") << "Prp"
-                                << "cmdRemove"
-                                << "Remove";
-    QTest::newRow("Prp Properties") << "Prp"
-                                    << "cmdProperties"
-                                    << "Properties";
-    QTest::newRow("Prp Help") << "Prp"
-                              << "cmdHelp"
-                              << "Help";
-    for (const char *kind : {"Std", "Prp"})
-        for (int i = 0; i < 4; ++i)
-            QTest::addRow("%s option %d", kind, i) << kind << QStringLiteral("cmdOption%1").arg(i)
-                                                   << QStringLiteral("OptionButton(%1)").arg(i);
+    const QStringList options{"OptionButton(0)", "OptionButton(1)", "OptionButton(2)",
+                              "OptionButton(3)"};
+    QTest::newRow("Std") << "Std" << QStringList{"Help", "Apply", "Cancel", "OK"} + options;
+    QTest::newRow("Prp") << "Prp" << QStringList{"Help", "Properties", "Remove", "Add"} + options;
 }
 
-void tst_ButtonBars::clicksRaiseTheirEvents()
+void tst_ButtonBars::everyButtonRaisesItsEvent()
 {
     QFETCH(QString, kind);
-    QFETCH(QString, name);
-    QFETCH(QString, event);
+    QFETCH(QStringList, events);
     zelTestScope scope;
 
     auto bar = makeBar(kind);
@@ -499,20 +367,15 @@ void tst_ButtonBars::clicksRaiseTheirEvents()
     bar->SetButtonsVisible(255);
     bar->SetButtonsEnabled(255);
     bar->SetLanguage(QStringLiteral("german"));
-    QStringList *events = recordEvents(bar.get());
-    QTest::mouseClick(button(bar.get(), name), Qt::LeftButton);
-    QCOMPARE(*events, QStringList{event});
-}
-
-void tst_ButtonBars::disabledButtonRaisesNothing()
-{
-    zelTestScope scope;
-    zelStdButtons bar;
-    QStringList *events = recordEvents(&bar);
-    bar.ChangeEnabledButtons(ZEL_StdButton_OK, false);
-    button(&bar, "cmdOK")->click();
-    button(&bar, "cmdCancel")->click();
-    QCOMPARE(*events, QStringList{"Cancel"});
+    // Switched captions raise the buttons' own events all the same.
+    if (auto *s = qobject_cast<zelStdButtons *>(bar.get())) {
+        s->SetOKasClose(true);
+        s->SetApplyAsPreview(true);
+    }
+    QStringList *raised = recordEvents(bar.get());
+    for (const QString &name : buttonsByBit(kind))
+        QTest::mouseClick(button(bar.get(), name), Qt::LeftButton);
+    QCOMPARE(*raised, events);
 }
 
 void tst_ButtonBars::persistenceRoundTrip_data()
@@ -521,28 +384,15 @@ void tst_ButtonBars::persistenceRoundTrip_data()
     QTest::addColumn<QVariantMap>("set"); // properties set by name, in this order
     QTest::addColumn<QVariantMap>("stored");
 
-    QTest::newRow("Std defaults") << "Std" << QVariantMap{} << QVariantMap{};
-    QTest::newRow("Prp defaults") << "Prp" << QVariantMap{} << QVariantMap{};
-    QTest::newRow("Std everything")
-        << "Std"
-        << QVariantMap{{"ButtonHeight", 400}, {"ButtonsVisible", 12},   {"ButtonsEnabled", 8},
-                       {"OKasClose", true},   {"ApplyAsPreview", true}, {"Language", "Deutsch"}}
-        << QVariantMap{{"ButtonHeight", 400},  {"ButtonWidth", 1200}, {"ButtonsVisible", 12},
-                       {"ButtonsEnabled", 8},  {"OKasClose", true},   {"ApplyAsPreview", true},
-                       {"Language", "Deutsch"}};
-    QTest::newRow("Prp everything") << "Prp"
-                                    << QVariantMap{{"ButtonHeight", 360},
-                                                   {"ButtonsVisible", 255},
-                                                   {"ButtonsEnabled", 31},
-                                                   {"Language", "german"}}
-                                    << QVariantMap{{"ButtonHeight", 360},
-                                                   {"ButtonWidth", 1200},
-                                                   {"ButtonsVisible", 255},
-                                                   {"ButtonsEnabled", 31},
-                                                   {"Language", "german"}};
-    QTest::newRow("Prp other language keeps width")
-        << "Prp" << QVariantMap{{"ButtonWidth", 900}, {"Language", "french"}}
-        << QVariantMap{{"ButtonWidth", 900}, {"Language", "french"}};
+    QTest::newRow("Std defaults store nothing") << "Std" << QVariantMap{} << QVariantMap{};
+    const QVariantMap everything{{"ButtonHeight", 400},    {"ButtonsVisible", 12},
+                                 {"ButtonsEnabled", 8},    {"OKasClose", true},
+                                 {"ApplyAsPreview", true}, {"Language", "Deutsch"}};
+    QVariantMap everythingStored = everything;
+    everythingStored.insert(QStringLiteral("ButtonWidth"), 1200);
+    QTest::newRow("Std everything") << "Std" << everything << everythingStored;
+    const QVariantMap french{{"ButtonWidth", 900}, {"Language", "french"}};
+    QTest::newRow("Prp other language keeps width") << "Prp" << french << french;
 }
 
 void tst_ButtonBars::persistenceRoundTrip()
@@ -570,7 +420,6 @@ void tst_ButtonBars::persistenceRoundTrip()
         const char *name = mo->property(i).name();
         QCOMPARE(loaded->property(name).toString(), bar->property(name).toString());
     }
-    QCOMPARE(loaded->size(), bar->size());
     QCOMPARE(loaded->BarLayout(), bar->BarLayout());
     QCOMPARE(zelLoggedErrors(), 0);
 }
@@ -581,21 +430,15 @@ void tst_ButtonBars::storedWidthYieldsToLanguage_data()
     QTest::addColumn<QString>("language"); // "-" = not stored
     QTest::addColumn<QString>("before");   // the bar's language before loading
     QTest::addColumn<int>("buttonWidth");
-
-    for (const char *kind : {"Std", "Prp"}) {
-        QTest::addRow("%s German", kind) << kind << "german"
-                                         << "English" << 1200;
-        QTest::addRow("%s English", kind) << kind << "English"
-                                          << "English" << 1080;
-        QTest::addRow("%s no language", kind) << kind << "-"
-                                              << "English" << 1080;
-        QTest::addRow("%s English into German bar", kind) << kind << "english"
-                                                          << "german" << 1080;
-        QTest::addRow("%s German into German bar", kind) << kind << "GERMAN"
-                                                         << "german" << 1200;
-        QTest::addRow("%s other language", kind) << kind << "french"
-                                                 << "german" << 2000;
-    }
+    auto row = [](const char *name, const char *kind, const char *language, const char *before,
+                  int width) {
+        QTest::newRow(name) << QString(kind) << QString(language) << QString(before) << width;
+    };
+    row("German", "Std", "german", "English", 1200);
+    row("no language", "Std", "-", "English", 1080);
+    row("English into German bar", "Std", "english", "german", 1080);
+    row("other language keeps it", "Std", "french", "german", 2000);
+    row("Prp German into German bar", "Prp", "GERMAN", "german", 1200);
 }
 
 void tst_ButtonBars::storedWidthYieldsToLanguage()
@@ -614,9 +457,8 @@ void tst_ButtonBars::storedWidthYieldsToLanguage()
     bar->SetLanguage(before);
     bar->ReadProperties(bag);
     QCOMPARE(bar->ButtonWidth(), buttonWidth);
-    QCOMPARE(bar->width(), (4 * (buttonWidth + 120) - 120) / 15);
-    const QString help = button(bar.get(), "cmdHelp")->text();
-    QCOMPARE(help, buttonWidth == 1200 ? QStringLiteral("&Hilfe") : QStringLiteral("&Help"));
+    QCOMPARE(bar->width(), (4 * (buttonWidth + 120) - 120) / tpp);
+    QCOMPARE(button(bar.get(), "cmdHelp")->text(), buttonWidth == 1200 ? "&Hilfe" : "&Help");
 }
 
 void tst_ButtonBars::corruptBagIsLoggedAndSurvived()
@@ -636,279 +478,132 @@ void tst_ButtonBars::corruptBagIsLoggedAndSurvived()
     QCOMPARE(zelLoggedErrors(QStringLiteral("zelStdButtons.ButtonHeight Let")), 1);
     QCOMPARE(zelCaptureLogger::errors.size(), 4);
     // The readable keys are taken, the others keep their defaults.
-    QCOMPARE(bar.ButtonsVisible(), 12);
-    QCOMPARE(bar.ApplyAsPreview(), true);
-    QCOMPARE(bar.OKasClose(), false);
     QCOMPARE(bar.ButtonHeight(), 315);
     QCOMPARE(bar.ButtonWidth(), 1080);
+    QCOMPARE(bar.OKasClose(), false);
     QCOMPARE(bar.Language(), QStringLiteral("English"));
     QCOMPARE(visibleFromRight(&bar), (QStringList{"cmdCancel", "cmdOK"}));
     QCOMPARE(button(&bar, "cmdApply")->text(), QStringLiteral("&Preview"));
 }
 
-void tst_ButtonBars::badValuesByNameAreLogged_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("number");
-
-    QTest::newRow("width text") << "Std"
-                                << "ButtonWidth" << QVariant("abc") << 13;
-    QTest::newRow("width negative") << "Prp"
-                                    << "ButtonWidth" << QVariant(-1) << 380;
-    QTest::newRow("width absurd") << "Prp"
-                                  << "ButtonWidth" << QVariant(2000000000) << 380;
-    QTest::newRow("height negative") << "Std"
-                                     << "ButtonHeight" << QVariant(-315) << 380;
-    QTest::newRow("visible too big") << "Prp"
-                                     << "ButtonsVisible" << QVariant(1e12) << 6;
-    QTest::newRow("enabled text") << "Std"
-                                  << "ButtonsEnabled" << QVariant("all") << 13;
-    QTest::newRow("close maybe") << "Std"
-                                 << "OKasClose" << QVariant("maybe") << 13;
-    QTest::newRow("preview list") << "Std"
-                                  << "ApplyAsPreview" << QVariant(QStringList{"x"}) << 13;
-}
-
-void tst_ButtonBars::badValuesByNameAreLogged()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, property);
-    QFETCH(QVariant, value);
-    QFETCH(int, number);
-    zelTestScope scope;
-
-    auto bar = makeBar(kind);
-    const QVariant before = zel::GetProperty(bar.get(), property);
-    const QSize size = bar->size();
-    zel::SetProperty(bar.get(), property, value);
-    const QString source = QString::fromLatin1(bar->metaObject()->className()) + QLatin1Char('.') +
-                           property + QStringLiteral(" Let");
-    QCOMPARE(zelLoggedErrors(source), 1);
-    QCOMPARE(zelCaptureLogger::errors.at(0).at(3).toInt(), number);
-    QCOMPARE(zel::GetProperty(bar.get(), property), before);
-    QCOMPARE(bar->size(), size);
-    QVERIFY(!bar->LayoutBusy());
-}
-
-void tst_ButtonBars::optionButtonCaptions()
-{
-    zelTestScope scope;
-    zelPrpButtons bar;
-    for (int i = 0; i < 4; ++i)
-        zel::CallByName(&bar, QStringLiteral("SetOptionButtonCaption"),
-                        {i, QStringLiteral("Option &%1").arg(i)});
-    for (int i = 0; i < 4; ++i) {
-        QCOMPARE(zel::CallByName(&bar, QStringLiteral("OptionButtonCaption"), {i}).toString(),
-                 QStringLiteral("Option &%1").arg(i));
-        QCOMPARE(button(&bar, QStringLiteral("cmdOption%1").arg(i))->text(),
-                 QStringLiteral("Option &%1").arg(i));
-    }
-    // A language switch leaves the host's captions alone.
-    bar.SetLanguage(QStringLiteral("german"));
-    QCOMPARE(bar.OptionButtonCaption(2), QStringLiteral("Option &2"));
-
-    QCOMPARE(bar.OptionButtonCaption(4), QString());
-    QCOMPARE(bar.OptionButtonCaption(-1), QString());
-    bar.SetOptionButtonCaption(4, QStringLiteral("lost"));
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelPrpButtons.OptionButtonCaption Get")), 2);
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelPrpButtons.OptionButtonCaption Let")), 1);
-    for (const QVariantList &e : std::as_const(zelCaptureLogger::errors))
-        QCOMPARE(e.at(3).toInt(), 9);
-    for (QPushButton *b : bar.findChildren<QPushButton *>())
-        QVERIFY(b->text() != QLatin1String("lost"));
-}
-
-void tst_ButtonBars::optionButtonPictures_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QVariant>("picture"); // "FILE" = a picture file
-    QTest::addColumn<bool>("loaded");
-    QTest::addColumn<int>("errorNumber"); // 0 = nothing logged
-
-    QPixmap pm(16, 16);
-    pm.fill(Qt::blue);
-    QImage img(8, 8, QImage::Format_RGB32);
-    img.fill(Qt::green);
-    QTest::newRow("pixmap") << 0 << QVariant(pm) << true << 0;
-    QTest::newRow("icon") << 3 << QVariant(QIcon(pm)) << true << 0;
-    QTest::newRow("image") << 1 << QVariant(img) << true << 0;
-    QTest::newRow("file") << 2 << QVariant("FILE") << true << 0;
-    QTest::newRow("null pixmap") << 0 << QVariant(QPixmap()) << false << 0;
-    QTest::newRow("null icon") << 0 << QVariant(QIcon()) << false << 0;
-    QTest::newRow("nothing") << 0 << QVariant() << false << 0;
-    QTest::newRow("empty file name") << 0 << QVariant("") << false << 0;
-    QTest::newRow("missing file") << 0 << QVariant("/nonexistent/x.png") << false << 53;
-    QTest::newRow("not a picture") << 0 << QVariant(42) << false << 13;
-    QTest::newRow("index 4") << 4 << QVariant(pm) << false << 9;
-    QTest::newRow("index -1") << -1 << QVariant(pm) << false << 9;
-}
-
-void tst_ButtonBars::optionButtonPictures()
-{
-    QFETCH(int, index);
-    QFETCH(QVariant, picture);
-    QFETCH(bool, loaded);
-    QFETCH(int, errorNumber);
-    zelTestScope scope;
-
-    QTemporaryDir dir;
-    if (picture == QVariant("FILE"))
-        picture = pngFile(dir);
-    zelStdButtons bar;
-    bool ok = false;
-    const QVariant result =
-        zel::CallByName(&bar, QStringLiteral("LoadOptionButtonPicture"), {index, picture}, &ok);
-    QVERIFY(ok);
-    QCOMPARE(result.toBool(), loaded);
-    QCOMPARE(zelLoggedErrors(), errorNumber ? 1 : 0);
-    if (errorNumber) {
-        QCOMPARE(zelLoggedErrors(QStringLiteral("zelStdButtons.LoadOptionButtonPicture")), 1);
-        QCOMPARE(zelCaptureLogger::errors.at(0).at(3).toInt(), errorNumber);
-    }
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(!button(&bar, QStringLiteral("cmdOption%1").arg(i))->icon().isNull(),
-                 loaded && i == index);
-}
-
-void tst_ButtonBars::optionButtonPictureFromFile()
-{
-    zelTestScope scope;
-    QTemporaryDir dir;
-    zelPrpButtons bar;
-    QPushButton *b = button(&bar, "cmdOption1");
-    bar.SetOptionButtonPicture(1, pngFile(dir));
-    QVERIFY(!b->icon().isNull());
-    // A broken file leaves the picture there.
-    const QString broken = dir.filePath(QStringLiteral("broken.png"));
-    QFile f(broken);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write("not a png");
-    f.close();
-    bar.SetOptionButtonPicture(1, broken);
-    QVERIFY(!b->icon().isNull());
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelPrpButtons.OptionButtonPicture Let")), 1);
-    QCOMPARE(zelCaptureLogger::errors.at(0).at(3).toInt(), 481);
-    // No file name takes the picture off.
-    bar.SetOptionButtonPicture(1, QString());
-    QVERIFY(b->icon().isNull());
-    bar.SetOptionButtonPicture(7, pngFile(dir));
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelPrpButtons.OptionButtonPicture Let")), 2);
-}
-
-void tst_ButtonBars::everyPropertyByName_data()
+void tst_ButtonBars::propertiesByName_data()
 {
     QTest::addColumn<QString>("progId");
     QTest::addColumn<QString>("property");
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QVariant>("readBack");
-
-    for (const char *id : {"zelCtrl.zelStdButtons", "zelCtrl.zelPrpButtons"}) {
-        QTest::addRow("%s Language", id)
-            << id << "Language" << QVariant("Deutsch") << QVariant("Deutsch");
-        QTest::addRow("%s Language empty", id)
-            << id << "Language" << QVariant("") << QVariant("English");
-        QTest::addRow("%s ButtonHeight", id)
-            << id << "ButtonHeight" << QVariant("450") << QVariant(450);
-        QTest::addRow("%s ButtonWidth", id)
-            << id << "ButtonWidth" << QVariant(1500.4) << QVariant(1500);
-        QTest::addRow("%s ButtonsVisible", id)
-            << id << "ButtonsVisible" << QVariant(0x93) << QVariant(0x93);
-        QTest::addRow("%s ButtonsEnabled", id)
-            << id << "ButtonsEnabled" << QVariant(5) << QVariant(5);
-    }
-    const char *std = "zelCtrl.zelStdButtons";
-    QTest::newRow("OKasClose") << std << "OKasClose" << QVariant("True") << QVariant(true);
-    QTest::newRow("ApplyAsPreview") << std << "ApplyAsPreview" << QVariant(-1) << QVariant(true);
+    QTest::addColumn<int>("error"); // 0: taken; else logged and the old value kept
+    auto row = [](const char *name, const char *kind, const char *property, const QVariant &value,
+                  const QVariant &readBack, int error) {
+        QTest::newRow(name) << QStringLiteral("zelCtrl.zel%1Buttons").arg(kind) << QString(property)
+                            << value << readBack << error;
+    };
+    row("Language empty", "Std", "Language", "", "English", 0);
+    row("ButtonWidth rounded", "Std", "ButtonWidth", 1500.4, 1500, 0);
+    row("OKasClose text", "Std", "OKasClose", "True", true, 0);
+    row("ButtonHeight text", "Prp", "ButtonHeight", "450", 450, 0);
+    row("ButtonWidth not a number", "Std", "ButtonWidth", "abc", {}, 13);
+    row("ButtonHeight negative", "Prp", "ButtonHeight", -1, {}, 380);
+    row("ButtonWidth absurd", "Prp", "ButtonWidth", 2000000000, {}, 380);
+    row("ButtonsVisible too big", "Prp", "ButtonsVisible", 1e12, {}, 6);
 }
 
-void tst_ButtonBars::everyPropertyByName()
+void tst_ButtonBars::propertiesByName()
 {
     QFETCH(QString, progId);
     QFETCH(QString, property);
     QFETCH(QVariant, value);
     QFETCH(QVariant, readBack);
+    QFETCH(int, error);
     zelTestScope scope;
 
-    std::unique_ptr<QObject> bar(zel::CreateObject(progId));
+    std::unique_ptr<QObject> obj(zel::CreateObject(progId));
+    auto *bar = qobject_cast<zelButtonBar *>(obj.get());
     QVERIFY(bar);
     QCOMPARE(QString::fromLatin1(bar->metaObject()->className()), progId.mid(8));
-    QVERIFY(bar->setProperty(property.toLatin1().constData(), value));
-    QCOMPARE(bar->property(property.toLatin1().constData()).toString(), readBack.toString());
-    QVERIFY(zel::SetProperty(bar.get(), property.toLower(), value));
-    QCOMPARE(zel::GetProperty(bar.get(), property).toString(), readBack.toString());
+    const QVariant before = zel::GetProperty(bar, property);
+    const QSize size = bar->size();
+    QSignalSpy marks(bar, &zelButtonBar::PropertyChanged);
+    zel::SetProperty(bar, property.toLower(), value);
+    if (error) {
+        QCOMPARE(zelLoggedErrors(progId.mid(8) + QLatin1Char('.') + property + " Let"), 1);
+        QCOMPARE(zelCaptureLogger::errors.at(0).at(3).toInt(), error);
+        QCOMPARE(zel::GetProperty(bar, property), before);
+        QCOMPARE(bar->size(), size);
+        QVERIFY(!bar->LayoutBusy());
+        return;
+    }
+    QCOMPARE(zel::GetProperty(bar, property).toString(), readBack.toString());
     QCOMPARE(zelLoggedErrors(), 0);
+    if (property != QLatin1String("Language"))
+        QCOMPARE(marks.value(0).value(0).toString(), property);
 }
 
-void tst_ButtonBars::methodsByName()
+void tst_ButtonBars::optionButtonsCarryTheHostsCaptionsAndPictures()
 {
     zelTestScope scope;
-    std::unique_ptr<QObject> obj(zel::CreateObject(QStringLiteral("zelCtrl.zelPrpButtons")));
-    auto *bar = qobject_cast<zelPrpButtons *>(obj.get());
-    QVERIFY(bar);
-    bool ok = false;
-    // The bit set as a number, as a member's value and as a member's name.
-    zel::CallByName(bar, QStringLiteral("ChangeVisibleButtons"), {16, true}, &ok);
-    QVERIFY(ok);
-    zel::CallByName(bar, QStringLiteral("changevisiblebuttons"),
-                    {QVariant::fromValue(ZEL_PrpButton_Help), false}, &ok);
-    QVERIFY(ok);
-    zel::CallByName(bar, QStringLiteral("ChangeEnabledButtons"),
-                    {QStringLiteral("ZEL_PrpButton_AddRemove"), false}, &ok);
-    QVERIFY(ok);
-    QCOMPARE(bar->ButtonsVisible(), 16 | 14);
-    QCOMPARE(bar->ButtonsEnabled(), 3);
-    zel::CallByName(bar, QStringLiteral("SetOptionButtonCaption"), {0, QStringLiteral("&Zoom")},
-                    &ok);
-    QVERIFY(ok);
-    QCOMPARE(zel::CallByName(bar, QStringLiteral("OptionButtonCaption"), {0}, &ok).toString(),
-             QStringLiteral("&Zoom"));
-    QVERIFY(ok);
-    zel::CallByName(bar, QStringLiteral("InitProperties"), {}, &ok);
-    QVERIFY(ok);
-    QCOMPARE(bar->ButtonsVisible(), 15);
+    QTemporaryDir dir;
+    zelStdButtons bar;
+    for (int i = 0; i < 4; ++i)
+        zel::CallByName(&bar, QStringLiteral("SetOptionButtonCaption"), {i, QString::number(i)});
+    // A language switch leaves the host's captions alone.
+    bar.SetLanguage(QStringLiteral("german"));
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(zel::CallByName(&bar, QStringLiteral("OptionButtonCaption"), {i}).toInt(), i);
+        QCOMPARE(button(&bar, QStringLiteral("cmdOption%1").arg(i))->text(), QString::number(i));
+    }
+    QCOMPARE(bar.OptionButtonCaption(-1), QString());
+    bar.SetOptionButtonCaption(4, QStringLiteral("lost"));
 
-    std::unique_ptr<QObject> std(zel::CreateObject(QStringLiteral("zelCtrl.zelStdButtons")));
-    zel::CallByName(std.get(), QStringLiteral("ChangeEnabledButtons"), {2, false}, &ok);
-    QVERIFY(ok);
-    QCOMPARE(std->property("ButtonsEnabled").toInt(), 13);
-    QCOMPARE(zelLoggedErrors(), 0);
+    auto load = [&](int index, const QVariant &picture) {
+        return zel::CallByName(&bar, QStringLiteral("LoadOptionButtonPicture"), {index, picture})
+            .toBool();
+    };
+    QPixmap pm(16, 16);
+    pm.fill(Qt::blue);
+    QVERIFY(load(0, pm));
+    QVERIFY(load(1, QImage(8, 8, QImage::Format_RGB32)));
+    QVERIFY(!load(2, QPixmap()));
+    QVERIFY(!load(4, pm));
+    QVERIFY(!load(2, 42));
+    QVERIFY(!load(2, QStringLiteral("/nonexistent/x.png")));
+    bar.SetOptionButtonPicture(3, pictureFile(dir));
+    // A broken file leaves the picture there; no file name takes it off.
+    bar.SetOptionButtonPicture(3, pictureFile(dir, false));
+    bar.SetOptionButtonPicture(1, QString());
+    QList<bool> pictures;
+    for (int i = 0; i < 4; ++i)
+        pictures.append(!button(&bar, QStringLiteral("cmdOption%1").arg(i))->icon().isNull());
+    QCOMPARE(pictures, (QList<bool>{true, false, false, true}));
+
+    QStringList errors;
+    for (const QVariantList &e : std::as_const(zelCaptureLogger::errors))
+        errors.append(e.at(2).toString().section('.', 1) + ' ' + e.at(3).toString());
+    QCOMPARE(errors, (QStringList{"OptionButtonCaption Get 9", "OptionButtonCaption Let 9",
+                                  "LoadOptionButtonPicture 9", "LoadOptionButtonPicture 13",
+                                  "LoadOptionButtonPicture 53", "OptionButtonPicture Let 481"}));
+    for (QPushButton *b : bar.findChildren<QPushButton *>())
+        QVERIFY(b->text() != QLatin1String("lost"));
 }
 
-void tst_ButtonBars::enumerationsAndDispatchIds()
+void tst_ButtonBars::dispatchIdsAndEventOrder()
 {
-    const QMetaEnum stdEnum = QMetaEnum::fromType<ZEL_StdButtons>();
-    const QMetaEnum prpEnum = QMetaEnum::fromType<ZEL_PrpButtons>();
-    QCOMPARE(QString::fromLatin1(stdEnum.name()), QStringLiteral("ZEL_StdButtons"));
-    QCOMPARE(stdEnum.keyCount(), 20);
-    QCOMPARE(prpEnum.keyCount(), 20);
-    QCOMPARE(stdEnum.keyToValue("ZEL_StdButton_OKCancelApply"), 14);
-    QCOMPARE(stdEnum.keyToValue("ZEL_StdButton_Option3"), 128);
-    QCOMPARE(prpEnum.keyToValue("ZEL_PrpButton_RemovePropsHelp"), 7);
-    QCOMPARE(prpEnum.keyToValue("ZEL_PrpButton_Option1"), 32);
-
-    const QList<QPair<const char *, const char *>> ids{
-        {"Language", "0x68030006"},
-        {"ButtonHeight", "0x68030005"},
-        {"ButtonWidth", "0x68030004"},
-        {"ButtonsVisible", "0x68030003"},
-        {"ButtonsEnabled", "0x68030002"},
-        {"OptionButtonCaption", "0x68030001"},
-        {"OptionButtonPicture", "0x68030000"},
-        {"ChangeEnabledButtons", "0x60030007"},
-        {"ChangeVisibleButtons", "0x60030008"},
-        {"LoadOptionButtonPicture", "0x60030009"},
-        {"FocusOnButton", "0x6003000a"},
+    // Published ids: properties count down from 0x68030006, methods up from 0x60030007.
+    const QStringList properties{"Language",           "ButtonHeight",   "ButtonWidth",
+                                 "ButtonsVisible",     "ButtonsEnabled", "OptionButtonCaption",
+                                 "OptionButtonPicture"};
+    const QStringList methods{"ChangeEnabledButtons", "ChangeVisibleButtons",
+                              "LoadOptionButtonPicture", "FocusOnButton"};
+    auto dispId = [](const QString &member) {
+        const QMetaObject &mo = zelPrpButtons::staticMetaObject;
+        const int i = mo.indexOfClassInfo(("DispId." + member).toLatin1().constData());
+        return i < 0 ? QString() : QString::fromLatin1(mo.classInfo(i).value());
     };
-    const QMetaObject &mo = zelPrpButtons::staticMetaObject;
-    for (const auto &[member, id] : ids) {
-        const int i = mo.indexOfClassInfo(QByteArray("DispId.") + member);
-        QVERIFY2(i >= 0, member);
-        QCOMPARE(QByteArray(mo.classInfo(i).value()), QByteArray(id));
-    }
+    for (int i = 0; i < properties.size(); ++i)
+        QCOMPARE(dispId(properties.at(i)), QStringLiteral("0x%1").arg(0x68030006 - i, 0, 16));
+    for (int i = 0; i < methods.size(); ++i)
+        QCOMPARE(dispId(methods.at(i)), QStringLiteral("0x%1").arg(0x60030007 + i, 0, 16));
 
-    // Events in their published order.
     auto signalsOf = [](const QMetaObject &m) {
         QStringList names;
         for (int i = m.methodOffset(); i < m.methodCount(); ++i)
@@ -920,26 +615,6 @@ void tst_ButtonBars::enumerationsAndDispatchIds()
              (QStringList{"OK()", "Cancel()", "Apply()", "Help()", "OptionButton(int)"}));
     QCOMPARE(signalsOf(zelPrpButtons::staticMetaObject),
              (QStringList{"Add()", "Remove()", "Properties()", "Help()", "OptionButton(int)"}));
-}
-
-void tst_ButtonBars::embedsAsChildWidget()
-{
-    zelTestScope scope;
-    QWidget host;
-    auto *layout = new QVBoxLayout(&host);
-    auto *bar = new zelPrpButtons(&host);
-    bar->setObjectName(QStringLiteral("mpbProps"));
-    layout->addWidget(bar, 0, Qt::AlignRight);
-    host.resize(800, 200);
-    host.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&host));
-    // The host's layout cannot stretch the bar.
-    QCOMPARE(bar->size(), QSize(312, 21));
-    QCOMPARE(host.findChild<zelPrpButtons *>(QStringLiteral("mpbProps")), bar);
-    bar->SetLanguage(QStringLiteral("german"));
-    QCoreApplication::processEvents();
-    QCOMPARE(bar->size(), QSize(344, 21));
-    QCOMPARE(button(bar, "cmdHelp")->geometry().right(), 343);
 }
 
 QTEST_MAIN(tst_ButtonBars)
