@@ -28,7 +28,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace zel {
@@ -45,6 +44,10 @@ struct CaseInsensitiveHash
                                        : c.toCaseFolded().unicode();
             h = (h ^ f) * 1099511628211ull;
         }
+        // The table picks slots by the low bits, which FNV leaves weak.
+        h ^= h >> 33;
+        h *= 0xff51afd7ed558ccdull;
+        h ^= h >> 33;
         return h;
     }
 };
@@ -65,12 +68,134 @@ public:
 
 private:
     struct Chunk;
-    struct Node // one per keyed member, kept inside the key table
+    struct Node // one per keyed member
     {
         Ptr value;
+        QString key;
+        size_t hash = 0;
         Chunk *chunk = nullptr;
-        qsizetype hint = 0;           // index in the chunk when last looked at
-        const QString *key = nullptr; // the table's own copy
+        qsizetype hint = 0; // index in the chunk when last looked at
+    };
+
+    // Nodes live in blocks and keep their address until erased, so that
+    // entries and the key table can point at them.
+    class NodePool
+    {
+    public:
+        Node *make()
+        {
+            if (!m_free.empty()) {
+                Node *n = m_free.back();
+                m_free.pop_back();
+                return n;
+            }
+            if (m_blocks.empty() || m_used == BlockSize) {
+                m_blocks.push_back(std::make_unique<Node[]>(BlockSize));
+                m_used = 0;
+            }
+            return &m_blocks.back()[size_t(m_used++)];
+        }
+        void release(Node *n)
+        {
+            *n = Node();
+            m_free.push_back(n);
+        }
+
+    private:
+        static constexpr qsizetype BlockSize = 256;
+        std::vector<std::unique_ptr<Node[]>> m_blocks;
+        std::vector<Node *> m_free;
+        qsizetype m_used = 0;
+    };
+
+    // Key -> node: open addressing with linear probing over (hash, node)
+    // pairs, at most half full. A lookup reads one run of pairs and compares
+    // keys only where the full hashes agree; growing reads no key at all.
+    class KeyTable
+    {
+    public:
+        Node *find(const QString &key) const
+        {
+            if (m_slots.empty())
+                return nullptr;
+            const size_t h = CaseInsensitiveHash()(key);
+            for (size_t i = h & m_mask;; i = (i + 1) & m_mask) {
+                const Cell &c = m_slots[i];
+                if (!c.node)
+                    return nullptr;
+                if (c.hash == h && CaseInsensitiveEqual()(c.node->key, key))
+                    return c.node;
+            }
+        }
+
+        // The node of key, made when there is none; second: whether it was made.
+        std::pair<Node *, bool> emplace(const QString &key)
+        {
+            if ((m_count + 1) * 2 > m_slots.size())
+                grow();
+            const size_t h = CaseInsensitiveHash()(key);
+            size_t i = h & m_mask;
+            for (;; i = (i + 1) & m_mask) {
+                const Cell &c = m_slots[i];
+                if (!c.node)
+                    break;
+                if (c.hash == h && CaseInsensitiveEqual()(c.node->key, key))
+                    return {c.node, false};
+            }
+            Node *n = m_pool.make();
+            n->key = key;
+            n->hash = h;
+            m_slots[i] = Cell{h, n};
+            ++m_count;
+            return {n, true};
+        }
+
+        void erase(Node *n)
+        {
+            size_t i = n->hash & m_mask;
+            while (m_slots[i].node != n)
+                i = (i + 1) & m_mask;
+            // Backward shift: pull later members of the run into the hole, so
+            // that no lookup stops early at it.
+            for (size_t j = (i + 1) & m_mask; m_slots[j].node; j = (j + 1) & m_mask) {
+                const size_t home = m_slots[j].hash & m_mask;
+                const bool stays = i <= j ? (i < home && home <= j) : (i < home || home <= j);
+                if (stays)
+                    continue;
+                m_slots[i] = m_slots[j];
+                i = j;
+            }
+            m_slots[i] = Cell();
+            --m_count;
+            m_pool.release(n);
+        }
+
+    private:
+        struct Cell
+        {
+            size_t hash = 0;
+            Node *node = nullptr;
+        };
+
+        void grow()
+        {
+            std::vector<Cell> old(std::max<size_t>(16, m_slots.size() * 2));
+            old.swap(m_slots);
+            m_mask = m_slots.size() - 1;
+            for (const Cell &c : old) {
+                if (!c.node)
+                    continue;
+                size_t i = c.hash & m_mask;
+                while (m_slots[i].node)
+                    i = (i + 1) & m_mask;
+                m_slots[i] = c;
+            }
+        }
+
+        std::vector<Cell> m_slots;
+        size_t m_mask = 0;
+        size_t m_count = 0;
+        NodePool m_pool;
     };
     struct Slot
     {
@@ -89,9 +214,7 @@ private:
         // Each chunk's entry array, side by side, so that a position lookup
         // reads two small contiguous arrays before the entry itself.
         std::vector<Slot *> bases;
-        // Elements of an unordered_map keep their address until erased, so
-        // entries point straight at the nodes inside it.
-        std::unordered_map<QString, Node, CaseInsensitiveHash, CaseInsensitiveEqual> keys;
+        KeyTable keys;
         qsizetype count = 0;
         bool uniform = true; // every chunk but the last holds exactly ChunkSize members
 
@@ -233,7 +356,7 @@ private:
                 refresh(ci);
             }
             if (node)
-                keys.erase(*node->key);
+                keys.erase(node);
         }
 
         void erasePosition(qsizetype pos)
@@ -261,20 +384,25 @@ public:
             Storage &s = *m_s;
             if (!item || before < 0 || before > s.count)
                 return false;
-            if (!key.isEmpty() && s.keys.find(key) != s.keys.end())
-                return false;
             Slot slot{item, nullptr};
             if (!key.isEmpty()) {
-                auto [it, inserted] = s.keys.try_emplace(key);
-                Q_UNUSED(inserted);
-                it->second.value = item;
-                it->second.key = &it->first;
-                slot.node = &it->second;
+                // One lookup both tests the key and makes its node.
+                auto [node, inserted] = s.keys.emplace(key);
+                if (!inserted)
+                    return false;
+                node->value = item;
+                slot.node = node;
             }
-            if (before == 0)
-                s.append(std::move(slot));
-            else
-                s.insert(before - 1, std::move(slot));
+            try {
+                if (before == 0)
+                    s.append(std::move(slot));
+                else
+                    s.insert(before - 1, std::move(slot));
+            } catch (...) {
+                if (slot.node)
+                    s.keys.erase(slot.node);
+                throw;
+            }
             return true;
         } catch (...) {
             return false;
@@ -302,16 +430,16 @@ public:
     {
         if (key.isEmpty())
             return Ptr();
-        const auto it = m_s->keys.find(key);
-        return it == m_s->keys.end() ? Ptr() : it->second.value;
+        const Node *n = m_s->keys.find(key);
+        return n ? n->value : Ptr();
     }
     // 1-based position of the member with this key; 0 when there is none.
     qint32 IndexOfKey(const QString &key) const
     {
         if (key.isEmpty())
             return 0;
-        const auto it = m_s->keys.find(key);
-        return it == m_s->keys.end() ? 0 : qint32(m_s->positionOf(&it->second) + 1);
+        Node *n = m_s->keys.find(key);
+        return n ? qint32(m_s->positionOf(n) + 1) : 0;
     }
     bool ContainsKey(const QString &key) const { return IndexOfKey(key) != 0; }
     // The key a member was added under ("" for none or out of range).
@@ -320,7 +448,7 @@ public:
         if (pos < 1 || pos > m_s->count)
             return QString();
         const Node *n = m_s->slotAt(pos - 1).node;
-        return n ? *n->key : QString();
+        return n ? n->key : QString();
     }
 
     bool Remove(const QVariant &vKey)
@@ -343,10 +471,10 @@ public:
     {
         if (key.isEmpty())
             return false;
-        const auto it = m_s->keys.find(key);
-        if (it == m_s->keys.end())
+        Node *n = m_s->keys.find(key);
+        if (!n)
             return false;
-        m_s->eraseNode(&it->second);
+        m_s->eraseNode(n);
         return true;
     }
 

@@ -143,6 +143,7 @@ void tst_Collection::matchesPlainModelUnderRandomEdits()
     QRandomGenerator rng(42);
     Coll c;
     std::vector<int> model;
+    std::vector<int> removed;
     int next = 0;
     for (int i = 0; i < initial; ++i) {
         c.Add(make(next), QStringLiteral("k%1").arg(next));
@@ -158,10 +159,12 @@ void tst_Collection::matchesPlainModelUnderRandomEdits()
         } else if (op == 1) {
             const int pos = rng.bounded(int(model.size()));
             QVERIFY(c.RemoveAt(pos + 1));
+            removed.push_back(model[size_t(pos)]);
             model.erase(model.begin() + pos);
         } else {
             const int pos = rng.bounded(int(model.size()));
             QVERIFY(c.RemoveKey(QStringLiteral("k%1").arg(model[size_t(pos)])));
+            removed.push_back(model[size_t(pos)]);
             model.erase(model.begin() + pos);
         }
     }
@@ -170,6 +173,8 @@ void tst_Collection::matchesPlainModelUnderRandomEdits()
         QCOMPARE(c.ItemAt(int(i) + 1)->id, model[i]);
         QCOMPARE(c.IndexOfKey(QStringLiteral("k%1").arg(model[i])), int(i) + 1);
     }
+    for (int id : removed)
+        QCOMPARE(c.IndexOfKey(QStringLiteral("k%1").arg(id)), 0);
     size_t i = 0;
     for (const auto &item : c)
         QCOMPARE(item->id, model[i++]);
