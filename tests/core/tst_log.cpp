@@ -12,326 +12,278 @@ class tst_Log : public QObject
     Q_OBJECT
 
 private slots:
-    void switchesFollowLookupOrder_data();
-    void switchesFollowLookupOrder();
-    void switchesAreReadOncePerProcess();
-    void messageText_data();
-    void messageText();
-    void moreInfoIsCutAfter750Characters_data();
-    void moreInfoIsCutAfter750Characters();
-    void debugModeShowsMessageBoxWithTitle();
-    void silentModeOnlyLogs();
-    void raiseRules_data();
-    void raiseRules();
-    void loggerIsCreatedForEveryMessage();
-    void missingOrFailingLoggerFailsNothing();
-    void traceGoesToTraceMessage();
-    void trackerCountsAndTracesFirstCall();
-    void trailMapsStandardExceptions_data();
-    void trailMapsStandardExceptions();
-    void minHeightList_data();
-    void minHeightList();
-};
-
-void tst_Log::switchesFollowLookupOrder_data()
-{
-    QTest::addColumn<QVariant>("user");
-    QTest::addColumn<QVariant>("machine");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("both unset") << QVariant() << QVariant() << 0;
-    QTest::newRow("user wins") << QVariant(1) << QVariant(0) << 1;
-    QTest::newRow("user -99 falls back") << QVariant(-99) << QVariant(2) << 2;
-    QTest::newRow("machine only") << QVariant() << QVariant(2) << 2;
-    QTest::newRow("user zero wins over machine") << QVariant(0) << QVariant(1) << 0;
-    QTest::newRow("text number") << QVariant("1") << QVariant() << 1;
-    QTest::newRow("garbage user reads as unset") << QVariant("abc") << QVariant(1) << 1;
-    QTest::newRow("garbage machine reads as 0") << QVariant() << QVariant("yes please") << 0;
-}
-
-void tst_Log::switchesFollowLookupOrder()
-{
-    QFETCH(QVariant, user);
-    QFETCH(QVariant, machine);
-    QFETCH(int, expected);
-    zelTestScope scope;
-    for (const char *key : {"ConDebug", "ConTrace", "ConTrack"}) {
-        if (user.isValid())
-            scope.fake().userSettings.insert(QString::fromLatin1(key), user);
-        if (machine.isValid())
-            scope.fake().machineSettings.insert(QString::fromLatin1(key), machine);
-    }
-    QCOMPARE(mLog::ConDebug(), expected);
-    QCOMPARE(mLog::ConTrace(), expected);
-    QCOMPARE(mLog::ConTrack(), expected);
-}
-
-void tst_Log::switchesAreReadOncePerProcess()
-{
-    zelTestScope scope;
-    scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
-    QCOMPARE(mLog::ConDebug(), 1);
-    scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 0);
-    mLog::AddToErrorLog(QStringLiteral("x.y"), 5, QString(), QStringLiteral("d"), QString(), -1);
-    QCOMPARE(scope.fake().messages.size(), 1); // still 1 from the first read
-}
-
-void tst_Log::messageText_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("firstLine");
-    QTest::newRow("HRESULT") << -2147024809 << QStringLiteral("Error:  80070057");
-    QTest::newRow("E_FAIL") << -2147467259 << QStringLiteral("Error:  80004005");
-    QTest::newRow("minus one") << -1 << QStringLiteral("Error:  FFFFFFFF");
-    QTest::newRow("type mismatch") << 13 << QStringLiteral("Error:  13");
-    QTest::newRow("zero") << 0 << QStringLiteral("Error:  0");
-}
-
-void tst_Log::messageText()
-{
-    QFETCH(int, number);
-    QFETCH(QString, firstLine);
-    const QString text =
-        mLog::ComposeMessage(QStringLiteral("zelInputBox.MaxLength Let"), number,
-                             QStringLiteral("inner"), QStringLiteral("Bad thing"), QString());
-    const QStringList lines = text.split(QStringLiteral("\r\n"));
-    QCOMPARE(lines.size(), 3);
-    QCOMPARE(lines[0], firstLine);
-    QCOMPARE(lines[1], QStringLiteral("Source: zelInputBox.MaxLength Let::inner."));
-    QCOMPARE(lines[2], QStringLiteral("Description: Bad thing"));
-}
-
-void tst_Log::moreInfoIsCutAfter750Characters_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<QString>("expectedTail");
-    QTest::newRow("750 whole") << 750 << QString(750, QLatin1Char('m'));
-    QTest::newRow("751 cut") << 751
-                             << QString(750, QLatin1Char('m')) + QStringLiteral(" ...more... ");
-    QTest::newRow("short") << 3 << QStringLiteral("mmm");
-}
-
-void tst_Log::moreInfoIsCutAfter750Characters()
-{
-    QFETCH(int, length);
-    QFETCH(QString, expectedTail);
-    const QString text =
-        mLog::ComposeMessage(QStringLiteral("a.b"), 5, QString(), QStringLiteral("d"),
-                             QString(length, QLatin1Char('m')));
-    const QStringList lines = text.split(QStringLiteral("\r\n"));
-    QCOMPARE(lines.size(), 5);
-    QCOMPARE(lines[3], QString());
-    QCOMPARE(lines[4], QStringLiteral("More Info: ") + expectedTail);
-}
-
-void tst_Log::debugModeShowsMessageBoxWithTitle()
-{
-    zelTestScope scope;
-    scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
-    scope.fake().machineSettings.insert(QStringLiteral("ConDebug"), 0);
-    mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(13), QString(), false);
-    QCOMPARE(scope.fake().messages.size(), 1);
-    QCOMPARE(scope.fake().messages[0].title, QStringLiteral("Debug Mode Error Handler (zelCtrl)"));
-    QVERIFY(scope.fake().messages[0].text.startsWith(QStringLiteral("Error:  13\r\n")));
-    QCOMPARE(zelCaptureLogger::errors.size(), 1);
-}
-
-void tst_Log::silentModeOnlyLogs()
-{
-    zelTestScope scope;
-    mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(6, QStringLiteral("src")),
-                   QStringLiteral("step"), false);
-    QCOMPARE(scope.fake().messages.size(), 0);
-    QCOMPARE(zelCaptureLogger::errors.size(), 1);
-    const QVariantList e = zelCaptureLogger::errors[0];
-    QCOMPARE(e[0].toString(), QStringLiteral("zelCtrl"));
-    QCOMPARE(e[1].toString(), mLog::VersionString());
-    QCOMPARE(e[2].toString(), QStringLiteral("zelInputBox.Value Let"));
-    QCOMPARE(e[3].toInt(), 6);
-    QCOMPARE(e[4].toString(), QStringLiteral("src"));
-    QCOMPARE(e[5].toString(), QStringLiteral("Overflow"));
-    QCOMPARE(e[6].toString(), QStringLiteral("step"));
-}
-
-void tst_Log::raiseRules_data()
-{
-    QTest::addColumn<int>("conDebug");
-    QTest::addColumn<QString>("trail");
-    QTest::addColumn<QString>("errSource");
-    QTest::addColumn<bool>("raise");
-    QTest::addColumn<bool>("raised");
-    QTest::addColumn<QString>("raisedSource");
-    const QString term = QStringLiteral("zelFileList.Class_Terminate");
-    QTest::newRow("no raise flag") << 0 << "a.b"
-                                   << "" << false << false << "";
-    QTest::newRow("raise, empty source") << 0 << "a.b"
-                                         << "" << true << true << "a.b";
-    QTest::newRow("raise extends trail") << 0 << "a.b"
-                                         << "c.d" << true << true << "a.b::c.d";
-    QTest::newRow("ConDebug 2 swallows") << 2 << "a.b"
-                                         << "c.d" << true << false << "";
-    QTest::newRow("ConDebug 1 still raises") << 1 << "a.b"
-                                             << "" << true << true << "a.b";
-    QTest::newRow("terminate, empty source") << 0 << term << "" << true << false << "";
-    QTest::newRow("terminate, with source raises")
-        << 0 << term << "x.y" << true << true << term + QStringLiteral("::x.y");
-}
-
-void tst_Log::raiseRules()
-{
-    QFETCH(int, conDebug);
-    QFETCH(QString, trail);
-    QFETCH(QString, errSource);
-    QFETCH(bool, raise);
-    QFETCH(bool, raised);
-    QFETCH(QString, raisedSource);
-    zelTestScope scope;
-    scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
-    bool didRaise = false;
-    try {
-        mLog::ErrorLog(trail, zelError(9, errSource, QStringLiteral("desc")), QString(), raise);
-    } catch (const zelError &e) {
-        didRaise = true;
-        QCOMPARE(e.Source(), raisedSource);
-        QCOMPARE(e.Number(), 9);
-        QCOMPARE(e.Description(), QStringLiteral("desc"));
-    }
-    QCOMPARE(didRaise, raised);
-    QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
-}
-
-void tst_Log::loggerIsCreatedForEveryMessage()
-{
-    zelTestScope scope;
-    mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
-    mLog::ErrorLog(QStringLiteral("a.c"), zelError(5), QString(), false);
-    mLog::TraceLog(QStringLiteral("a.d"), QStringLiteral("1"), QStringLiteral("2"));
-    QCOMPARE(zelCaptureLogger::created, 3);
-    QCOMPARE(zelCaptureLogger::errors.size(), 2);
-}
-
-void tst_Log::missingOrFailingLoggerFailsNothing()
-{
-    zelTestScope scope;
-    scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
-    scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
-                                        QStringLiteral("nobody.Nothing"));
-    mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
-    QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
-    QCOMPARE(zelCaptureLogger::errors.size(), 0);
-
-    scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
-                                        QString::fromLatin1(zelTestScope::LoggerProgId));
-    zelCaptureLogger::failing = true;
-    mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
-    mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
-    QCOMPARE(scope.fake().messages.size(), 2);
-}
-
-void tst_Log::traceGoesToTraceMessage()
-{
-    zelTestScope scope;
-    mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
-                   QStringLiteral("1"));
-    QCOMPARE(zelCaptureLogger::traces.size(), 1);
-    QCOMPARE(zelCaptureLogger::traces[0],
-             (QVariantList{QStringLiteral("zelCtrl"), mLog::VersionString(),
-                           QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
-                           QStringLiteral("1")}));
-}
-
-void tst_Log::trackerCountsAndTracesFirstCall()
-{
+    void switchesFollowLookupOrder_data()
     {
-        zelTestScope scope; // tracking off: nothing counted
-        mLog::TrackerIncr(QStringLiteral("zelFileList"));
-        QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 0);
-        QCOMPARE(zelCaptureLogger::traces.size(), 0);
+        QTest::addColumn<QVariant>("user");
+        QTest::addColumn<QVariant>("machine");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("both unset") << QVariant() << QVariant() << 0;
+        QTest::newRow("user wins") << QVariant(1) << QVariant(0) << 1;
+        QTest::newRow("user -99 falls back") << QVariant(-99) << QVariant(2) << 2;
+        QTest::newRow("user zero wins over machine") << QVariant(0) << QVariant(1) << 0;
+        QTest::newRow("text number") << QVariant("1") << QVariant() << 1;
+        QTest::newRow("garbage user reads as unset") << QVariant("abc") << QVariant(1) << 1;
+        QTest::newRow("garbage machine reads as 0") << QVariant() << QVariant("yes please") << 0;
     }
-    zelTestScope scope;
-    scope.fake().machineSettings.insert(QStringLiteral("ConTrack"), 1);
-    mLog::TrackerIncr(QStringLiteral("zelFileList"));
-    mLog::TrackerIncr(QStringLiteral("zelFileList"));
-    mLog::TrackerIncr(QStringLiteral("zelFileFilter"));
-    mLog::TrackerDecr(QStringLiteral("zelFileList"));
-    QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 1);
-    QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileFilter")), 1);
-    QCOMPARE(zelCaptureLogger::traces.size(), 1);
-    QCOMPARE(zelCaptureLogger::traces[0][3].toString(), QString(20, QLatin1Char('*')));
-    QCOMPARE(zelCaptureLogger::traces[0][4].toString(),
-             QStringLiteral("First call to tracked object"));
-    // A class never counted up is a logged failure, not a crash.
-    mLog::TrackerDecr(QStringLiteral("zelNeverSeen"));
-    QCOMPARE(zelLoggedErrors(QStringLiteral("mLog.TrackerDecr")), 1);
-}
 
-void tst_Log::trailMapsStandardExceptions_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("number");
-    QTest::newRow("overflow") << 0 << 6;
-    QTest::newRow("bad_alloc") << 1 << 7;
-    QTest::newRow("out_of_range") << 2 << 9;
-    QTest::newRow("bad_cast") << 3 << 13;
-    QTest::newRow("runtime_error") << 4 << 5;
-    QTest::newRow("zelError") << 5 << 380;
-}
-
-void tst_Log::trailMapsStandardExceptions()
-{
-    QFETCH(int, kind);
-    QFETCH(int, number);
-    zelTestScope scope;
-    zel::Trail t(QStringLiteral("zelTest.Thrower"));
-    t.Step = QStringLiteral("Finished");
-    const bool completed = t.Run([&] {
-        switch (kind) {
-        case 0:
-            throw std::overflow_error("o");
-        case 1:
-            throw std::bad_alloc();
-        case 2:
-            throw std::out_of_range("r");
-        case 3:
-            throw std::bad_cast();
-        case 4:
-            throw std::runtime_error("x");
-        default:
-            throw zelError(380);
+    void switchesFollowLookupOrder()
+    {
+        QFETCH(QVariant, user);
+        QFETCH(QVariant, machine);
+        QFETCH(int, expected);
+        zelTestScope scope;
+        for (const char *key : {"ConDebug", "ConTrace", "ConTrack"}) {
+            if (user.isValid())
+                scope.fake().userSettings.insert(QString::fromLatin1(key), user);
+            if (machine.isValid())
+                scope.fake().machineSettings.insert(QString::fromLatin1(key), machine);
         }
-    });
-    QVERIFY(!completed);
-    QCOMPARE(zelCaptureLogger::errors.size(), 1);
-    QCOMPARE(zelCaptureLogger::errors[0][3].toInt(), number);
-    QCOMPARE(zelCaptureLogger::errors[0][6].toString(), QStringLiteral("Finished"));
-}
+        QCOMPARE(mLog::ConDebug(), expected);
+        QCOMPARE(mLog::ConTrace(), expected);
+        QCOMPARE(mLog::ConTrack(), expected);
+    }
 
-void tst_Log::minHeightList_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<bool>("first");
-    QTest::addColumn<bool>("second");
-    QTest::addColumn<int>("height");
-    QTest::newRow("0 rows") << 0 << false << false << 20;
-    QTest::newRow("negative rows") << -5 << false << false << 20;
-    QTest::newRow("3 rows both bands") << 3 << true << true << 92;
-    QTest::newRow("12 rows capped") << 12 << false << false << 194;
-    QTest::newRow("20 rows both bands") << 20 << true << true << 214;
-    QTest::newRow("11 rows first band capped") << 11 << true << false << 194;
-}
+    void switchesAreReadOncePerProcess()
+    {
+        zelTestScope scope;
+        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
+        QCOMPARE(mLog::ConDebug(), 1);
+        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 0);
+        mLog::AddToErrorLog(QStringLiteral("x.y"), 5, QString(), QStringLiteral("d"), QString(),
+                            -1);
+        QCOMPARE(scope.fake().messages.size(), 1); // still 1 from the first read
+    }
 
-void tst_Log::minHeightList()
-{
-    QFETCH(int, rows);
-    QFETCH(bool, first);
-    QFETCH(bool, second);
-    QFETCH(int, height);
-    zelTestScope scope;
-    QCOMPARE(mMain::MinHeightList(rows, first, second), height);
-    QCOMPARE(zelCaptureLogger::errors.size(), 0);
-    // Overflow is the procedure's own logged failure.
-    mMain::MinHeightList(std::numeric_limits<qint32>::max(), false, false);
-    QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), 1);
-}
+    void messageText_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<int>("moreInfo"); // its length
+        QTest::addColumn<QStringList>("lines");
+        const QString source = QStringLiteral("Source: zelInputBox.MaxLength Let::inner.");
+        const QString description = QStringLiteral("Description: Bad thing");
+        const QString m750(750, QLatin1Char('m'));
+        auto row = [&](const char *name, int number, int moreInfo, const char *first,
+                       const QString &more = QString()) {
+            QStringList lines{QString(first), source, description};
+            if (moreInfo)
+                lines << QString() << QStringLiteral("More Info: ") + more;
+            QTest::newRow(name) << number << moreInfo << lines;
+        };
+        row("HRESULT in hex", -2147024809, 0, "Error:  80070057");
+        row("minus one in hex", -1, 0, "Error:  FFFFFFFF");
+        row("positive in decimal", 13, 0, "Error:  13");
+        row("zero", 0, 0, "Error:  0");
+        row("short more info", 5, 3, "Error:  5", QStringLiteral("mmm"));
+        row("750 whole", 5, 750, "Error:  5", m750);
+        row("751 cut", 5, 751, "Error:  5", m750 + QStringLiteral(" ...more... "));
+    }
+
+    void messageText()
+    {
+        QFETCH(int, number);
+        QFETCH(int, moreInfo);
+        const QString text = mLog::ComposeMessage(
+            QStringLiteral("zelInputBox.MaxLength Let"), number, QStringLiteral("inner"),
+            QStringLiteral("Bad thing"), QString(moreInfo, QLatin1Char('m')));
+        QTEST(text.split(QStringLiteral("\r\n")), "lines");
+    }
+
+    void everyMessageIsLoggedAndShownOnlyInDebugMode()
+    {
+        {
+            zelTestScope scope;
+            mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"),
+                           zelError(6, QStringLiteral("src")), QStringLiteral("step"), false);
+            QCOMPARE(scope.fake().messages.size(), 0);
+            QCOMPARE(zelCaptureLogger::errors.size(), 1);
+            QCOMPARE(zelCaptureLogger::errors[0],
+                     (QVariantList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6,
+                                   "src", "Overflow", "step"}));
+        }
+
+        zelTestScope scope;
+        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
+        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(13), QString(), false);
+        QCOMPARE(scope.fake().messages.size(), 1);
+        QCOMPARE(scope.fake().messages[0].title,
+                 QStringLiteral("Debug Mode Error Handler (zelCtrl)"));
+        QVERIFY(scope.fake().messages[0].text.startsWith(QStringLiteral("Error:  13\r\n")));
+        QCOMPARE(zelCaptureLogger::errors.size(), 1);
+    }
+
+    void raiseRules_data()
+    {
+        QTest::addColumn<int>("conDebug");
+        QTest::addColumn<QString>("trail");
+        QTest::addColumn<QString>("errSource");
+        QTest::addColumn<bool>("raise");
+        QTest::addColumn<bool>("raised");
+        QTest::addColumn<QString>("raisedSource");
+        const QString term = QStringLiteral("zelFileList.Class_Terminate");
+        QTest::newRow("no raise flag") << 0 << "a.b"
+                                       << "" << false << false << "";
+        QTest::newRow("raise, empty source") << 0 << "a.b"
+                                             << "" << true << true << "a.b";
+        QTest::newRow("raise extends trail") << 0 << "a.b"
+                                             << "c.d" << true << true << "a.b::c.d";
+        QTest::newRow("ConDebug 2 swallows") << 2 << "a.b"
+                                             << "c.d" << true << false << "";
+        QTest::newRow("ConDebug 1 still raises") << 1 << "a.b"
+                                                 << "" << true << true << "a.b";
+        QTest::newRow("terminate, empty source") << 0 << term << "" << true << false << "";
+        QTest::newRow("terminate, with source raises")
+            << 0 << term << "x.y" << true << true << term + QStringLiteral("::x.y");
+    }
+
+    void raiseRules()
+    {
+        QFETCH(int, conDebug);
+        QFETCH(QString, trail);
+        QFETCH(QString, errSource);
+        QFETCH(bool, raise);
+        QFETCH(bool, raised);
+        QFETCH(QString, raisedSource);
+        zelTestScope scope;
+        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
+        bool didRaise = false;
+        try {
+            mLog::ErrorLog(trail, zelError(9, errSource, QStringLiteral("desc")), QString(), raise);
+        } catch (const zelError &e) {
+            didRaise = true;
+            QCOMPARE(e.Source(), raisedSource);
+            QCOMPARE(e.Number(), 9);
+            QCOMPARE(e.Description(), QStringLiteral("desc"));
+        }
+        QCOMPARE(didRaise, raised);
+        QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
+    }
+
+    void loggerIsCreatedForEveryMessageAndTrace()
+    {
+        zelTestScope scope;
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        mLog::ErrorLog(QStringLiteral("a.c"), zelError(5), QString(), false);
+        mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
+                       QStringLiteral("1"));
+        QCOMPARE(zelCaptureLogger::created, 3);
+        QCOMPARE(zelCaptureLogger::errors.size(), 2);
+        QCOMPARE(zelCaptureLogger::traces,
+                 (QList<QVariantList>{{"zelCtrl", mLog::VersionString(), "zelGridList.SizeColZero",
+                                       "lSizeCol = ", "1"}}));
+    }
+
+    void missingOrFailingLoggerFailsNothing()
+    {
+        zelTestScope scope;
+        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
+        scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
+                                            QStringLiteral("nobody.Nothing"));
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
+        QCOMPARE(zelCaptureLogger::errors.size(), 0);
+
+        scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
+                                            QString::fromLatin1(zelTestScope::LoggerProgId));
+        zelCaptureLogger::failing = true;
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
+        QCOMPARE(scope.fake().messages.size(), 2);
+    }
+
+    void trackerCountsAndTracesFirstCall()
+    {
+        {
+            zelTestScope scope; // tracking off: nothing counted
+            mLog::TrackerIncr(QStringLiteral("zelFileList"));
+            QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 0);
+            QCOMPARE(zelCaptureLogger::traces.size(), 0);
+        }
+        zelTestScope scope;
+        scope.fake().machineSettings.insert(QStringLiteral("ConTrack"), 1);
+        mLog::TrackerIncr(QStringLiteral("zelFileList"));
+        mLog::TrackerIncr(QStringLiteral("zelFileList"));
+        mLog::TrackerIncr(QStringLiteral("zelFileFilter"));
+        mLog::TrackerDecr(QStringLiteral("zelFileList"));
+        QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 1);
+        QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileFilter")), 1);
+        QCOMPARE(zelCaptureLogger::traces.size(), 1);
+        QCOMPARE(zelCaptureLogger::traces[0][3].toString(), QString(20, QLatin1Char('*')));
+        QCOMPARE(zelCaptureLogger::traces[0][4].toString(),
+                 QStringLiteral("First call to tracked object"));
+        // A class never counted up is a logged failure, not a crash.
+        mLog::TrackerDecr(QStringLiteral("zelNeverSeen"));
+        QCOMPARE(zelLoggedErrors(QStringLiteral("mLog.TrackerDecr")), 1);
+    }
+
+    void trailMapsStandardExceptions_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("number");
+        QTest::newRow("overflow") << 0 << 6;
+        QTest::newRow("bad_alloc") << 1 << 7;
+        QTest::newRow("out_of_range") << 2 << 9;
+        QTest::newRow("bad_cast") << 3 << 13;
+        QTest::newRow("runtime_error") << 4 << 5;
+        QTest::newRow("zelError") << 5 << 380;
+    }
+
+    void trailMapsStandardExceptions()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, number);
+        zelTestScope scope;
+        zel::Trail t(QStringLiteral("zelTest.Thrower"));
+        t.Step = QStringLiteral("Finished");
+        const bool completed = t.Run([&] {
+            switch (kind) {
+            case 0:
+                throw std::overflow_error("o");
+            case 1:
+                throw std::bad_alloc();
+            case 2:
+                throw std::out_of_range("r");
+            case 3:
+                throw std::bad_cast();
+            case 4:
+                throw std::runtime_error("x");
+            default:
+                throw zelError(380);
+            }
+        });
+        QVERIFY(!completed);
+        QCOMPARE(zelCaptureLogger::errors.size(), 1);
+        QCOMPARE(zelCaptureLogger::errors[0][3].toInt(), number);
+        QCOMPARE(zelCaptureLogger::errors[0][6].toString(), QStringLiteral("Finished"));
+    }
+
+    void minHeightList_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<bool>("first");
+        QTest::addColumn<bool>("second");
+        QTest::addColumn<int>("height");
+        QTest::newRow("0 rows") << 0 << false << false << 20;
+        QTest::newRow("negative rows") << -5 << false << false << 20;
+        QTest::newRow("3 rows both bands") << 3 << true << true << 92;
+        QTest::newRow("12 rows capped") << 12 << false << false << 194;
+        QTest::newRow("20 rows both bands") << 20 << true << true << 214;
+        QTest::newRow("11 rows first band capped") << 11 << true << false << 194;
+    }
+
+    void minHeightList()
+    {
+        QFETCH(int, rows);
+        QFETCH(bool, first);
+        QFETCH(bool, second);
+        QFETCH(int, height);
+        zelTestScope scope;
+        QCOMPARE(mMain::MinHeightList(rows, first, second), height);
+        QCOMPARE(zelCaptureLogger::errors.size(), 0);
+        // Overflow is the procedure's own logged failure.
+        mMain::MinHeightList(std::numeric_limits<qint32>::max(), false, false);
+        QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), 1);
+    }
+};
 
 QTEST_MAIN(tst_Log)
 #include "tst_log.moc"

@@ -35,202 +35,181 @@ class tst_Platform : public QObject
     Q_OBJECT
 
 private slots:
-    void factoryCreatesRegisteredClassesIgnoringCase();
-    void factoryAnswersNullForUnknown();
-    void loggerPluginWritesOneLinePerMessage();
-    void lateBoundCalls();
-    void settingsFilesAreReadWithFallback();
-    void memoryBagDropsDefaults();
-    void jsonBagRoundTripAndCorruptFile();
-    void systemColoursComeFromThePalette_data();
-    void systemColoursComeFromThePalette();
-    void userModeIsAmbient();
-};
-
-void tst_Platform::factoryCreatesRegisteredClassesIgnoringCase()
-{
-    std::unique_ptr<QObject> box(zel::CreateObject(QStringLiteral("ZELCTRL.zelinputbox")));
-    QVERIFY(box);
-    QCOMPARE(box->metaObject()->className(), "zelInputBox");
-    QVERIFY(zel::RegisteredProgIds().contains(QStringLiteral("zelCtrl.zelInputBox")));
-}
-
-void tst_Platform::factoryAnswersNullForUnknown()
-{
-    QCOMPARE(zel::CreateObject(QStringLiteral("zelCtrl.NoSuchThing")), nullptr);
-    QCOMPARE(zel::CreateObject(QString()), nullptr);
-    zel::RegisterProgId(QStringLiteral("zelTest.Throws"),
-                        [](QObject *) -> QObject * { throw std::runtime_error("no"); });
-    QCOMPARE(zel::CreateObject(QStringLiteral("zelTest.Throws")), nullptr);
-    zel::UnregisterProgId(QStringLiteral("zelTest.Throws"));
-}
-
-void tst_Platform::loggerPluginWritesOneLinePerMessage()
-{
-    QTemporaryDir dir;
-    const QString log = dir.filePath(QStringLiteral("zel.log"));
-    qputenv("ZEL_LOG_FILE", log.toLocal8Bit());
-    qputenv("ZEL_PLUGIN_PATH", QByteArray(ZEL_TEST_PLUGIN_DIR));
-
-    std::unique_ptr<QObject> logger(zel::CreateObject(QStringLiteral("zelLog.zelHandler")));
-    QVERIFY2(logger, "the logger plugin was not found on the plugin path");
-
-    // The log as hosts run it: the default logger identifier, no fake.
-    mLog::Reset();
-    mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(13, QStringLiteral("inner")),
-                   QStringLiteral("Reading"), false);
-    mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
-                   QStringLiteral("1"));
-    mLog::Reset();
-
-    QFile f(log);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QStringList lines =
-        QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    QCOMPARE(lines.size(), 2);
-    const QStringList error = lines[0].split(QLatin1Char('\t'));
-    QCOMPARE(error.size(), 7);
-    QCOMPARE(error[1], QStringLiteral("zelCtrl"));
-    QCOMPARE(error[2], mLog::VersionString());
-    QCOMPARE(error[3], QStringLiteral("zelInputBox.Value Let::inner"));
-    QCOMPARE(error[4], QStringLiteral("13"));
-    QCOMPARE(error[5], QStringLiteral("Type mismatch"));
-    QCOMPARE(error[6], QStringLiteral("Reading"));
-    QVERIFY(lines[1].contains(QStringLiteral("lSizeCol = ")));
-    qunsetenv("ZEL_LOG_FILE");
-    qunsetenv("ZEL_PLUGIN_PATH");
-}
-
-void tst_Platform::lateBoundCalls()
-{
-    Target t;
-    bool ok = false;
-    QCOMPARE(zel::CallByName(&t, QStringLiteral("add"), {2, 3}, &ok).toInt(), 5);
-    QVERIFY(ok);
-    QCOMPARE(zel::CallByName(&t, QStringLiteral("Add"), {2}, &ok).toInt(), 12); // default argument
-    QVariantList args{QVariant(21)};
-    zel::CallByName(&t, QStringLiteral("Twice"), args, &ok);
-    QVERIFY(ok);
-    QCOMPARE(args[0].toInt(), 42); // by reference
-    QCOMPARE(zel::CallByName(&t, QStringLiteral("Echo"), {QStringLiteral("x")}).toString(),
-             QStringLiteral("x"));
-    zel::CallByName(&t, QStringLiteral("NoSuchMethod"), {}, &ok);
-    QVERIFY(!ok);
-    zel::CallByName(&t, QStringLiteral("Add"), {QStringLiteral("not a number"), 1}, &ok);
-    QVERIFY(!ok);
-    QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
-    QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
-    QVERIFY(!zel::SetProperty(&t, QStringLiteral("Missing"), 1));
-    QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
-}
-
-void tst_Platform::settingsFilesAreReadWithFallback()
-{
-    QTemporaryDir dir;
-    const QString user = dir.filePath(QStringLiteral("user.ini"));
-    const QString machine = dir.filePath(QStringLiteral("machine.ini"));
+    void factoryCreatesRegisteredClassesIgnoringCase()
     {
-        QSettings u(user, QSettings::IniFormat);
-        u.setValue(QStringLiteral("Common/ConDebug"), 1);
-        QSettings m(machine, QSettings::IniFormat);
-        m.setValue(QStringLiteral("Common/ConDebug"), 0);
-        m.setValue(QStringLiteral("Common/ConTrack"), 3);
-        m.setValue(QStringLiteral("Common/ErrorLogger"), QStringLiteral("my.Logger"));
+        std::unique_ptr<QObject> box(zel::CreateObject(QStringLiteral("ZELCTRL.zelinputbox")));
+        QVERIFY(box);
+        QCOMPARE(box->metaObject()->className(), "zelInputBox");
+        QVERIFY(zel::RegisteredProgIds().contains(QStringLiteral("zelCtrl.zelInputBox")));
+        // Unknown, empty or failing identifiers answer nothing.
+        zel::RegisterProgId(QStringLiteral("zelTest.Throws"),
+                            [](QObject *) -> QObject * { throw std::runtime_error("no"); });
+        for (const QString &id :
+             {QStringLiteral("zelCtrl.NoSuchThing"), QString(), QStringLiteral("zelTest.Throws")})
+            QCOMPARE(zel::CreateObject(id), nullptr);
+        zel::UnregisterProgId(QStringLiteral("zelTest.Throws"));
     }
-    qputenv("ZEL_USER_SETTINGS", user.toLocal8Bit());
-    qputenv("ZEL_MACHINE_SETTINGS", machine.toLocal8Bit());
-    mLog::Reset();
-    QCOMPARE(mLog::ConDebug(), 1);
-    QCOMPARE(mLog::ConTrace(), 0);
-    QCOMPARE(mLog::ConTrack(), 3);
-    QCOMPARE(zel::platform()
-                 .ReadSetting(zel::SettingsScope::Machine, QStringLiteral("ErrorLogger"), QString())
-                 .toString(),
-             QStringLiteral("my.Logger"));
-    mLog::Reset();
-    qunsetenv("ZEL_USER_SETTINGS");
-    qunsetenv("ZEL_MACHINE_SETTINGS");
-}
 
-void tst_Platform::memoryBagDropsDefaults()
-{
-    zelMemoryPropertyBag bag;
-    bag.WriteProperty(QStringLiteral("Margin"), 60, 60);
-    bag.WriteProperty(QStringLiteral("Decimals"), qint16(2), 2.0);
-    bag.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("x"), QString());
-    QVERIFY(!bag.Contains(QStringLiteral("Margin")));
-    QVERIFY(!bag.Contains(QStringLiteral("Decimals")));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Prefix"), QString()).toString(), QStringLiteral("x"));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Margin"), 60).toInt(), 60);
-    // Writing the default again removes an earlier value.
-    bag.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
-    QCOMPARE(bag.Count(), 0);
-}
+    void loggerPluginWritesOneLinePerMessage()
+    {
+        QTemporaryDir dir;
+        const QString log = dir.filePath(QStringLiteral("zel.log"));
+        qputenv("ZEL_LOG_FILE", log.toLocal8Bit());
+        qputenv("ZEL_PLUGIN_PATH", QByteArray(ZEL_TEST_PLUGIN_DIR));
 
-void tst_Platform::jsonBagRoundTripAndCorruptFile()
-{
-    QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("form.json"));
-    zelJsonPropertyBag out;
-    out.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Breite"), QString());
-    out.WriteProperty(QStringLiteral("ValueMax"), 10.5, 0.0);
-    QVERIFY(out.Save(file));
-    zelJsonPropertyBag in;
-    QVERIFY(in.Load(file));
-    QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QString()).toString(),
-             QStringLiteral("Breite"));
-    QCOMPARE(in.ReadProperty(QStringLiteral("ValueMax"), 0.0).toDouble(), 10.5);
+        std::unique_ptr<QObject> logger(zel::CreateObject(QStringLiteral("zelLog.zelHandler")));
+        QVERIFY2(logger, "the logger plugin was not found on the plugin path");
 
-    QFile f(file);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write("{ not json");
-    f.close();
-    QString why;
-    QVERIFY(!in.Load(file, &why));
-    QVERIFY(!why.isEmpty());
-    QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QStringLiteral("def")).toString(),
-             QStringLiteral("def"));
-    QVERIFY(!in.Load(dir.filePath(QStringLiteral("missing.json"))));
-}
+        // The log as hosts run it: the default logger identifier, no fake.
+        mLog::Reset();
+        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"),
+                       zelError(13, QStringLiteral("inner")), QStringLiteral("Reading"), false);
+        mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
+                       QStringLiteral("1"));
+        mLog::Reset();
 
-void tst_Platform::systemColoursComeFromThePalette_data()
-{
-    QTest::addColumn<quint32>("colour");
-    QTest::addColumn<int>("group");
-    QTest::addColumn<int>("role");
-    QTest::newRow("window") << quint32(0x80000005) << int(QPalette::Active) << int(QPalette::Base);
-    QTest::newRow("window text") << quint32(0x80000008) << int(QPalette::Active)
-                                 << int(QPalette::WindowText);
-    QTest::newRow("button face") << quint32(0x8000000F) << int(QPalette::Active)
-                                 << int(QPalette::Button);
-    QTest::newRow("grey text") << quint32(0x80000010) << int(QPalette::Disabled)
-                               << int(QPalette::Text);
-    QTest::newRow("button text") << quint32(0x80000012) << int(QPalette::Active)
-                                 << int(QPalette::ButtonText);
-    QTest::newRow("unknown index")
-        << quint32(0x80000063) << int(QPalette::Active) << int(QPalette::Base);
-}
+        QFile f(log);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QStringList lines =
+            QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 2);
+        const QStringList error = lines[0].split(QLatin1Char('\t'));
+        QCOMPARE(error.size(), 7);
+        QCOMPARE(error[1], QStringLiteral("zelCtrl"));
+        QCOMPARE(error[2], mLog::VersionString());
+        QCOMPARE(error[3], QStringLiteral("zelInputBox.Value Let::inner"));
+        QCOMPARE(error[4], QStringLiteral("13"));
+        QCOMPARE(error[5], QStringLiteral("Type mismatch"));
+        QCOMPARE(error[6], QStringLiteral("Reading"));
+        QVERIFY(lines[1].contains(QStringLiteral("lSizeCol = ")));
+        qunsetenv("ZEL_LOG_FILE");
+        qunsetenv("ZEL_PLUGIN_PATH");
+    }
 
-void tst_Platform::systemColoursComeFromThePalette()
-{
-    QFETCH(quint32, colour);
-    QFETCH(int, group);
-    QFETCH(int, role);
-    const QColor expected =
-        QApplication::palette().color(QPalette::ColorGroup(group), QPalette::ColorRole(role));
-    QCOMPARE(zel::ToQColor(colour), expected);
-}
+    void lateBoundCalls()
+    {
+        Target t;
+        bool ok = false;
+        QCOMPARE(zel::CallByName(&t, QStringLiteral("add"), {2, 3}, &ok).toInt(), 5);
+        QVERIFY(ok);
+        QCOMPARE(zel::CallByName(&t, QStringLiteral("Add"), {2}, &ok).toInt(),
+                 12); // default argument
+        QVariantList args{QVariant(21)};
+        zel::CallByName(&t, QStringLiteral("Twice"), args, &ok);
+        QVERIFY(ok);
+        QCOMPARE(args[0].toInt(), 42); // by reference
+        QCOMPARE(zel::CallByName(&t, QStringLiteral("Echo"), {QStringLiteral("x")}).toString(),
+                 QStringLiteral("x"));
+        zel::CallByName(&t, QStringLiteral("NoSuchMethod"), {}, &ok);
+        QVERIFY(!ok);
+        zel::CallByName(&t, QStringLiteral("Add"), {QStringLiteral("not a number"), 1}, &ok);
+        QVERIFY(!ok);
+        QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
+        QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
+        QVERIFY(!zel::SetProperty(&t, QStringLiteral("Missing"), 1));
+        QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
+    }
 
-void tst_Platform::userModeIsAmbient()
-{
-    QWidget form;
-    auto *child = new QWidget(&form);
-    QVERIFY(zel::UserMode(child));
-    zel::SetUserMode(&form, false);
-    QVERIFY(!zel::UserMode(child));
-    QCOMPARE(zel::ToQColor(0x0000FF), QColor(255, 0, 0)); // 0x00BBGGRR
-    QCOMPARE(zel::FromQColor(QColor(1, 2, 3)), quint32(0x030201));
-}
+    void settingsFilesAreReadWithFallback()
+    {
+        QTemporaryDir dir;
+        const QString user = dir.filePath(QStringLiteral("user.ini"));
+        const QString machine = dir.filePath(QStringLiteral("machine.ini"));
+        {
+            QSettings u(user, QSettings::IniFormat);
+            u.setValue(QStringLiteral("Common/ConDebug"), 1);
+            QSettings m(machine, QSettings::IniFormat);
+            m.setValue(QStringLiteral("Common/ConDebug"), 0);
+            m.setValue(QStringLiteral("Common/ConTrack"), 3);
+            m.setValue(QStringLiteral("Common/ErrorLogger"), QStringLiteral("my.Logger"));
+        }
+        qputenv("ZEL_USER_SETTINGS", user.toLocal8Bit());
+        qputenv("ZEL_MACHINE_SETTINGS", machine.toLocal8Bit());
+        mLog::Reset();
+        QCOMPARE(mLog::ConDebug(), 1);
+        QCOMPARE(mLog::ConTrace(), 0);
+        QCOMPARE(mLog::ConTrack(), 3);
+        QCOMPARE(
+            zel::platform()
+                .ReadSetting(zel::SettingsScope::Machine, QStringLiteral("ErrorLogger"), QString())
+                .toString(),
+            QStringLiteral("my.Logger"));
+        mLog::Reset();
+        qunsetenv("ZEL_USER_SETTINGS");
+        qunsetenv("ZEL_MACHINE_SETTINGS");
+    }
+
+    void propertyBagsDropDefaultsAndSurviveCorruptFiles()
+    {
+        zelMemoryPropertyBag memory;
+        memory.WriteProperty(QStringLiteral("Margin"), 60, 60);
+        memory.WriteProperty(QStringLiteral("Decimals"), qint16(2), 2.0);
+        memory.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("x"), QString());
+        QCOMPARE(memory.Count(), 1); // values equal to their defaults are not stored
+        // Writing the default again removes an earlier value.
+        memory.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
+        QCOMPARE(memory.Count(), 0);
+
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("form.json"));
+        zelJsonPropertyBag out;
+        out.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Breite"), QString());
+        out.WriteProperty(QStringLiteral("ValueMax"), 10.5, 0.0);
+        QVERIFY(out.Save(file));
+        zelJsonPropertyBag in;
+        QVERIFY(in.Load(file));
+        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QString()).toString(),
+                 QStringLiteral("Breite"));
+        QCOMPARE(in.ReadProperty(QStringLiteral("ValueMax"), 0.0).toDouble(), 10.5);
+
+        QFile f(file);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("{ not json");
+        f.close();
+        QString why;
+        QVERIFY(!in.Load(file, &why));
+        QVERIFY(!why.isEmpty());
+        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QStringLiteral("def")).toString(),
+                 QStringLiteral("def"));
+        QVERIFY(!in.Load(dir.filePath(QStringLiteral("missing.json"))));
+    }
+
+    void systemColoursComeFromThePalette_data()
+    {
+        QTest::addColumn<quint32>("colour");
+        QTest::addColumn<int>("group");
+        QTest::addColumn<int>("role");
+        QTest::newRow("window") << quint32(0x80000005) << int(QPalette::Active)
+                                << int(QPalette::Base);
+        QTest::newRow("button face")
+            << quint32(0x8000000F) << int(QPalette::Active) << int(QPalette::Button);
+        QTest::newRow("grey text")
+            << quint32(0x80000010) << int(QPalette::Disabled) << int(QPalette::Text);
+        QTest::newRow("unknown index")
+            << quint32(0x80000063) << int(QPalette::Active) << int(QPalette::Base);
+    }
+
+    void systemColoursComeFromThePalette()
+    {
+        QFETCH(quint32, colour);
+        QFETCH(int, group);
+        QFETCH(int, role);
+        const QColor expected =
+            QApplication::palette().color(QPalette::ColorGroup(group), QPalette::ColorRole(role));
+        QCOMPARE(zel::ToQColor(colour), expected);
+        QCOMPARE(zel::ToQColor(0x0000FF), QColor(255, 0, 0)); // plain colours are 0x00BBGGRR
+        QCOMPARE(zel::FromQColor(QColor(1, 2, 3)), quint32(0x030201));
+    }
+
+    void userModeIsAmbient()
+    {
+        QWidget form;
+        auto *child = new QWidget(&form);
+        QVERIFY(zel::UserMode(child));
+        zel::SetUserMode(&form, false);
+        QVERIFY(!zel::UserMode(child));
+    }
+};
 
 QTEST_MAIN(tst_Platform)
 #include "tst_platform.moc"

@@ -62,581 +62,547 @@ class tst_DateTime : public QObject
 private slots:
     void init() { useLocale(QStringLiteral("en_US")); }
 
-    void valueReadsTypedDate_data();
-    void valueReadsTypedDate();
-    void valueSetter_data();
-    void valueSetter();
-    void dataTypeRefusal_data();
-    void dataTypeRefusal();
-    void pickerChangeRaisesChangedThenWritesText();
-    void hostHearsEachKeyFirst_data();
-    void hostHearsEachKeyFirst();
-    void typingRule_data();
-    void typingRule();
-    void pickerKeysReachTheHostWhoCanCancelThem();
-    void textBoxLeavesDropDownButtonFree();
-    void keyboardOpensCalendar_data();
-    void keyboardOpensCalendar();
-    void disabledColours();
-    void focusEntrySelectsAll();
-    void persistenceRoundTrip();
-    void corruptBagIsLoggedAndRestLoads_data();
-    void corruptBagIsLoggedAndRestLoads();
-    void propertiesByName_data();
-    void propertiesByName();
-    void dispatchIdsAndEvents();
-};
-
-void tst_DateTime::valueReadsTypedDate_data()
-{
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QDateTime>("value");
-    auto row = [](const char *name, const char *locale, const char *text, const QDateTime &v) {
-        QTest::newRow(name) << QString(locale) << QString(text) << v;
-    };
-    row("1 Jan 1950 is not after itself", "en_US", "1/1/1950", zeroDate);
-    row("2 Jan 1950", "en_US", "1/2/1950", day(1950, 1, 2));
-    row("dashes and a two-digit year 50", "en_US", "1-2-50", day(1950, 1, 2));
-    row("two-digit year 29", "en_US", "1/2/29", day(2029, 1, 2));
-    row("ISO", "en_US", "1950-01-02", day(1950, 1, 2));
-    row("before 1950", "en_US", "12/31/1949", zeroDate);
-    row("day first in the US", "en_US", "31/02/2020", zeroDate);
-    row("nonsense digits", "en_US", "99/99/9999", zeroDate);
-    row("empty", "en_US", "", zeroDate);
-    row("letters", "en_US", "tomorrow", zeroDate);
-    row("German", "de_DE", "2.1.1950", day(1950, 1, 2));
-    row("German with slashes", "de_DE", "1/2/1950", day(1950, 2, 1));
-    row("German 31 February", "de_DE", "31.02.2020", zeroDate);
-    row("C locale month name", "C", "2 Jan 1950", day(1950, 1, 2));
-}
-
-void tst_DateTime::valueReadsTypedDate()
-{
-    QFETCH(QString, locale);
-    QFETCH(QString, text);
-    QFETCH(QDateTime, value);
-    zelTestScope scope;
-    useLocale(locale);
-    auto f = makeField();
-    f->SetText(text);
-    QCOMPARE(zel::GetProperty(f.get(), QStringLiteral("Value")).toDateTime(), value);
-    QCOMPARE(zelLoggedErrors(), 0);
-}
-
-void tst_DateTime::valueSetter_data()
-{
-    QTest::addColumn<bool>("timeInput");
-    QTest::addColumn<QVariant>("input");
-    QTest::addColumn<QString>("text");     // the field showed "3/4/2021" before
-    QTest::addColumn<QDateTime>("value");  // invalid: not checked
-    QTest::addColumn<QString>("pickerAt"); // "now", "today", or "" for the value's day
-    auto row = [](const char *name, bool time, const QVariant &input, const char *text,
-                  const QDateTime &value, const char *pickerAt = "") {
-        QTest::newRow(name) << time << input << QString(text) << value << QString(pickerAt);
-    };
-    const QVariant noDate(QMetaType(QMetaType::QDateTime));
-    row("date: date and time", false, QDateTime(QDate(2020, 12, 31), QTime(15, 30)), "12/31/2020",
-        day(2020, 12, 31));
-    row("date: date value", false, 18265.25, "1/2/1950", day(1950, 1, 2));
-    row("date: text", false, "1950-01-02", "1/2/1950", day(1950, 1, 2));
-    row("date: 1 Jan 1950", false, QDate(1950, 1, 1), "", zeroDate, "today");
-    row("date: no date", false, "soon", "", zeroDate, "today");
-    row("date: empty", false, QVariant(), "", zeroDate, "now");
-    row("date: blank text", false, "  ", "", zeroDate, "now");
-    row("time: 14:35:50 on a day", true, QDateTime(QDate(2024, 5, 6), QTime(14, 35, 50)),
-        "3/4/2021", onZeroDay(14, 35));
-    row("time: last millisecond", true, QTime(23, 59, 59, 999), "3/4/2021", onZeroDay(23, 59));
-    row("time: text", true, "14:35", "3/4/2021", onZeroDay(14, 35));
-    row("time: date value", true, 0.75, "3/4/2021", onZeroDay(18, 0));
-    row("time: before the zero day", true, -1.25, "3/4/2021", onZeroDay(6, 0));
-    row("time: null date", true, noDate, "", QDateTime(), "now");
-}
-
-void tst_DateTime::valueSetter()
-{
-    QFETCH(bool, timeInput);
-    QFETCH(QVariant, input);
-    QFETCH(QString, text);
-    QFETCH(QDateTime, value);
-    QFETCH(QString, pickerAt);
-    zelTestScope scope;
-    auto f = makeField();
-    picker(*f)->setDateTime(QDateTime(QDate(1960, 6, 1), QTime(3, 0)));
-    f->SetText(QStringLiteral("3/4/2021"));
-    f->SetChanged(false);
-    f->SetTimeInput(timeInput);
-    QSignalSpy changed(f.get(), &zelDateTime::Changed);
-    f->SetValue(input);
-    QCOMPARE(f->Text(), text);
-    if (value.isValid())
-        QCOMPARE(f->Value().toDateTime(), value);
-    const QDateTime shown = picker(*f)->dateTime();
-    if (pickerAt == QLatin1String("now"))
-        QVERIFY(qAbs(shown.secsTo(QDateTime::currentDateTime())) < 60);
-    else if (pickerAt == QLatin1String("today"))
-        QCOMPARE(shown.date(), QDate::currentDate());
-    else if (!timeInput)
-        QCOMPARE(shown.date(), value.date());
-    // The control's own writes are no change by the user.
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(f->GetChanged(), false);
-    // Numbers are date values, which convert both ways.
-    if (input.metaType().id() == QMetaType::Double)
-        QCOMPARE(zel::DateTimeToOle(zel::OleToDateTime(input.toDouble())), input.toDouble());
-    // Written back, a value keeps its day or its minutes.
-    if (value.isValid()) {
-        f->SetValue(f->Value());
-        QCOMPARE(f->Value().toDateTime(), value);
+    void valueReadsTypedDate_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QDateTime>("value");
+        auto row = [](const char *name, const char *locale, const char *text, const QDateTime &v) {
+            QTest::newRow(name) << QString(locale) << QString(text) << v;
+        };
+        row("1 Jan 1950 is not after itself", "en_US", "1/1/1950", zeroDate);
+        row("2 Jan 1950", "en_US", "1/2/1950", day(1950, 1, 2));
+        row("dashes and a two-digit year 50", "en_US", "1-2-50", day(1950, 1, 2));
+        row("two-digit year 29", "en_US", "1/2/29", day(2029, 1, 2));
+        row("ISO", "en_US", "1950-01-02", day(1950, 1, 2));
+        row("before 1950", "en_US", "12/31/1949", zeroDate);
+        row("day first in the US", "en_US", "31/02/2020", zeroDate);
+        row("empty", "en_US", "", zeroDate);
+        row("German", "de_DE", "2.1.1950", day(1950, 1, 2));
+        row("German with slashes", "de_DE", "1/2/1950", day(1950, 2, 1));
+        row("C locale month name", "C", "2 Jan 1950", day(1950, 1, 2));
     }
-    QCOMPARE(zelLoggedErrors(), 0);
-}
 
-void tst_DateTime::dataTypeRefusal_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("stored");
-    QTest::newRow("date") << 7 << 7;
-    QTest::newRow("double refused") << 5 << 8;
-    QTest::newRow("string refused too") << 8 << 8;
-}
-
-void tst_DateTime::dataTypeRefusal()
-{
-    QFETCH(int, type);
-    QFETCH(int, stored);
-    zelTestScope scope;
-    auto f = makeField();
-    QSignalSpy changed(f.get(), &zelDateTime::Changed);
-    QSignalSpy marked(f.get(), &zelLabelledField::PropertyChanged);
-    QVERIFY(zel::SetProperty(f.get(), QStringLiteral("DataType"), type));
-    QCOMPARE(zel::GetProperty(f.get(), QStringLiteral("DataType")).toInt(), stored);
-    const auto &messages = scope.fake().messages;
-    QCOMPARE(messages.size(), type == 7 ? 0 : 1);
-    if (type != 7) {
-        QCOMPARE(messages.at(0).text, QStringLiteral("This control only supports dates"));
-        QCOMPARE(messages.at(0).title, QStringLiteral("Limited Data Type"));
+    void valueReadsTypedDate()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, text);
+        QFETCH(QDateTime, value);
+        zelTestScope scope;
+        useLocale(locale);
+        auto f = makeField();
+        f->SetText(text);
+        QCOMPARE(zel::GetProperty(f.get(), QStringLiteral("Value")).toDateTime(), value);
+        QCOMPARE(zelLoggedErrors(), 0);
     }
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(marked.count(), 1);
-    QCOMPARE(marked.at(0).at(0).toString(), QStringLiteral("DataType"));
-}
 
-void tst_DateTime::pickerChangeRaisesChangedThenWritesText()
-{
-    zelTestScope scope;
-    auto f = makeField();
-    f->SetText(QStringLiteral("1/2/1950"));
-    QStringList seen;
-    connect(f.get(), &zelDateTime::Changed, f.get(), [&] {
-        seen << f->Text() << (f->GetChanged() ? QStringLiteral("flag") : QStringLiteral("no flag"));
-    });
-    picker(*f)->setDateTime(QDateTime(QDate(2021, 3, 4), QTime(10, 0)));
-    // Raised with the flag set, before the text box shows the new day.
-    QCOMPARE(seen, QStringList({QStringLiteral("1/2/1950"), QStringLiteral("flag")}));
-    QCOMPARE(f->Text(), QStringLiteral("3/4/2021"));
-    QCOMPARE(f->Value().toDateTime(), day(2021, 3, 4));
-    QCOMPARE(zelLoggedErrors(), 0);
-}
+    void valueSetter_data()
+    {
+        QTest::addColumn<bool>("timeInput");
+        QTest::addColumn<QVariant>("input");
+        QTest::addColumn<QString>("text");     // the field showed "3/4/2021" before
+        QTest::addColumn<QDateTime>("value");  // invalid: not checked
+        QTest::addColumn<QString>("pickerAt"); // "now", "today", or "" for the value's day
+        auto row = [](const char *name, bool time, const QVariant &input, const char *text,
+                      const QDateTime &value, const char *pickerAt = "") {
+            QTest::newRow(name) << time << input << QString(text) << value << QString(pickerAt);
+        };
+        const QVariant noDate(QMetaType(QMetaType::QDateTime));
+        row("date: date and time", false, QDateTime(QDate(2020, 12, 31), QTime(15, 30)),
+            "12/31/2020", day(2020, 12, 31));
+        row("date: date value", false, 18265.25, "1/2/1950", day(1950, 1, 2));
+        row("date: text", false, "1950-01-02", "1/2/1950", day(1950, 1, 2));
+        row("date: 1 Jan 1950", false, QDate(1950, 1, 1), "", zeroDate, "today");
+        row("date: no date", false, "soon", "", zeroDate, "today");
+        row("date: empty", false, QVariant(), "", zeroDate, "now");
+        row("time: 14:35:50 on a day", true, QDateTime(QDate(2024, 5, 6), QTime(14, 35, 50)),
+            "3/4/2021", onZeroDay(14, 35));
+        row("time: last millisecond", true, QTime(23, 59, 59, 999), "3/4/2021", onZeroDay(23, 59));
+        row("time: date value", true, 0.75, "3/4/2021", onZeroDay(18, 0));
+        row("time: before the zero day", true, -1.25, "3/4/2021", onZeroDay(6, 0));
+        row("time: null date", true, noDate, "", QDateTime(), "now");
+    }
 
-void tst_DateTime::hostHearsEachKeyFirst_data()
-{
-    QTest::addColumn<bool>("timeInput"); // keys go to the picker, else to the text box
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QChar>("from");
-    QTest::addColumn<QChar>("to"); // what the host makes of from; '\0' cancels
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("tabs"); // Enter as Tab
-    auto row = [](const char *name, bool time, const char *keys, char from, char to,
-                  const char *text, int tabs) {
-        QTest::newRow(name) << time << QString(keys) << QChar(from) << QChar(to) << QString(text)
-                            << tabs;
-    };
-    row("cancel a digit", false, "15/2", '5', 0, "1/2", 0);
-    row("letter changed to a separator", false, "12x3", 'x', '-', "12/3", 0);
-    row("digit changed to a letter is refused", false, "123", '2', 'q', "13", 0);
-    row("Enter moves on", false, "1\r", 0, 0, "1", 1);
-    row("Enter cancelled stays", false, "1\r", '\r', 0, "1", 0);
-    row("Enter in the time picker moves on", true, "\r", 0, 0, "", 1);
-}
+    void valueSetter()
+    {
+        QFETCH(bool, timeInput);
+        QFETCH(QVariant, input);
+        QFETCH(QString, text);
+        QFETCH(QDateTime, value);
+        QFETCH(QString, pickerAt);
+        zelTestScope scope;
+        auto f = makeField();
+        picker(*f)->setDateTime(QDateTime(QDate(1960, 6, 1), QTime(3, 0)));
+        f->SetText(QStringLiteral("3/4/2021"));
+        f->SetChanged(false);
+        f->SetTimeInput(timeInput);
+        QSignalSpy changed(f.get(), &zelDateTime::Changed);
+        f->SetValue(input);
+        QCOMPARE(f->Text(), text);
+        if (value.isValid())
+            QCOMPARE(f->Value().toDateTime(), value);
+        const QDateTime shown = picker(*f)->dateTime();
+        if (pickerAt == QLatin1String("now"))
+            QVERIFY(qAbs(shown.secsTo(QDateTime::currentDateTime())) < 60);
+        else if (pickerAt == QLatin1String("today"))
+            QCOMPARE(shown.date(), QDate::currentDate());
+        else if (!timeInput)
+            QCOMPARE(shown.date(), value.date());
+        // The control's own writes are no change by the user.
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(f->GetChanged(), false);
+        // Numbers are date values, which convert both ways.
+        if (input.metaType().id() == QMetaType::Double)
+            QCOMPARE(zel::DateTimeToOle(zel::OleToDateTime(input.toDouble())), input.toDouble());
+        // Written back, a value keeps its day or its minutes.
+        if (value.isValid()) {
+            f->SetValue(f->Value());
+            QCOMPARE(f->Value().toDateTime(), value);
+        }
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
 
-void tst_DateTime::hostHearsEachKeyFirst()
-{
-    QFETCH(bool, timeInput);
-    QFETCH(QString, keys);
-    QFETCH(QChar, from);
-    QFETCH(QChar, to);
-    QFETCH(QString, text);
-    QFETCH(int, tabs);
-    zelTestScope scope;
-    scope.fake().moveFocusOnTab = false;
-    auto f = makeField(timeInput);
-    QString heard;
-    connect(f.get(), &zelDateTime::KeyPress, f.get(), [&](qint16 &k) {
-        heard += QChar(k);
-        if (k == from.unicode())
-            k = qint16(to.unicode());
-    });
-    QWidget *target = timeInput ? static_cast<QWidget *>(picker(*f)) : textBox(*f);
-    QTest::keyClicks(target, keys);
-    QCOMPARE(heard, keys);
-    QCOMPARE(f->Text(), text);
-    QCOMPARE(scope.fake().tabsFrom.size(), tabs);
-    if (tabs)
-        QCOMPARE(scope.fake().tabsFrom.at(0).data(), target);
-}
+    void dataTypeRefusal_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("stored");
+        QTest::newRow("date") << 7 << 7;
+        QTest::newRow("double refused") << 5 << 8;
+        QTest::newRow("string refused too") << 8 << 8;
+    }
 
-void tst_DateTime::typingRule_data()
-{
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<int>("cursor"); // where the keys go into start; -1 = over all of it
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("text");
-    auto row = [](const char *name, const char *locale, const char *keys, const char *text,
-                  const char *start = "", int cursor = 0) {
-        QTest::newRow(name) << QString(locale) << QString(start) << cursor << QString(keys)
-                            << QString(text);
-    };
-    const char *us = "en_US";
-    row("full date", us, "1/2/1950", "1/2/1950");
-    row("dash and dot become the separator", us, "1-2.1950", "1/2/1950");
-    row("blank becomes the separator", us, "1 2 1950", "1/2/1950");
-    row("separator at the start", us, "/1/2", "1/2");
-    row("separator behind a separator", us, "1//2", "1/2");
-    row("third digit opens the next group", us, "123", "12/3");
-    row("digits only", us, "12311950", "12/31/1950");
-    row("year takes four digits", us, "1/2/19501", "1/2/1950");
-    row("third separator", us, "1/2/3/4", "1/2/34");
-    row("letters and colons", us, "a1b/c2:", "1/2");
-    row("German", "de_DE", "1/2/1950", "1.2.1950");
-    row("German digits only", "de_DE", "02011950", "02.01.1950");
-    row("Swedish year first", "sv_SE", "20201231", "2020-12-31");
-    row("C locale types ISO", "C", "19500102", "1950-01-02");
-    row("full text takes no more keys", us, "1", "12/31/2020", "12/31/2020", 10);
-    row("a selection is typed over", us, "7/4/2021", "7/4/2021", "12/31/2020", -1);
-    row("a digit mid-text within the limit", us, "3", "13/2/1950", "1/2/1950", 1);
-    row("a group keeps its limit mid-text", us, "4", "13/2/1950", "13/2/1950", 1);
-    row("a dot mid-text becomes the separator", us, ".", "12/31", "1231", 2);
-    row("no separator beside one mid-text", us, "/", "12/31", "12/31", 3);
-}
+    void dataTypeRefusal()
+    {
+        QFETCH(int, type);
+        QFETCH(int, stored);
+        zelTestScope scope;
+        auto f = makeField();
+        QSignalSpy changed(f.get(), &zelDateTime::Changed);
+        QSignalSpy marked(f.get(), &zelLabelledField::PropertyChanged);
+        QVERIFY(zel::SetProperty(f.get(), QStringLiteral("DataType"), type));
+        QCOMPARE(zel::GetProperty(f.get(), QStringLiteral("DataType")).toInt(), stored);
+        const auto &messages = scope.fake().messages;
+        QCOMPARE(messages.size(), type == 7 ? 0 : 1);
+        if (type != 7) {
+            QCOMPARE(messages.at(0).text, QStringLiteral("This control only supports dates"));
+            QCOMPARE(messages.at(0).title, QStringLiteral("Limited Data Type"));
+        }
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(marked.count(), 1);
+        QCOMPARE(marked.at(0).at(0).toString(), QStringLiteral("DataType"));
+    }
 
-void tst_DateTime::typingRule()
-{
-    QFETCH(QString, locale);
-    QFETCH(QString, start);
-    QFETCH(int, cursor);
-    QFETCH(QString, keys);
-    QFETCH(QString, text);
-    zelTestScope scope;
-    useLocale(locale);
-    auto f = makeField();
-    f->SetText(start);
-    if (cursor < 0)
-        textBox(*f)->selectAll();
-    else
-        textBox(*f)->setCursorPosition(cursor);
-    QTest::keyClicks(textBox(*f), keys);
-    QCOMPARE(f->Text(), text);
-    QCOMPARE(scope.fake().beeps, 0);
-}
+    void pickerChangeRaisesChangedThenWritesText()
+    {
+        zelTestScope scope;
+        auto f = makeField();
+        f->SetText(QStringLiteral("1/2/1950"));
+        QStringList seen;
+        connect(f.get(), &zelDateTime::Changed, f.get(), [&] {
+            seen << f->Text()
+                 << (f->GetChanged() ? QStringLiteral("flag") : QStringLiteral("no flag"));
+        });
+        picker(*f)->setDateTime(QDateTime(QDate(2021, 3, 4), QTime(10, 0)));
+        // Raised with the flag set, before the text box shows the new day.
+        QCOMPARE(seen, QStringList({QStringLiteral("1/2/1950"), QStringLiteral("flag")}));
+        QCOMPARE(f->Text(), QStringLiteral("3/4/2021"));
+        QCOMPARE(f->Value().toDateTime(), day(2021, 3, 4));
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
 
-void tst_DateTime::pickerKeysReachTheHostWhoCanCancelThem()
-{
-    zelTestScope scope;
-    auto f = makeField(true);
-    QStringList seen;
-    connect(f.get(), &zelDateTime::KeyDown, f.get(), [&](qint16 &code, qint16 &shift) {
-        seen << QStringLiteral("down %1 %2").arg(code).arg(shift);
-    });
-    connect(f.get(), &zelDateTime::KeyPress, f.get(),
-            [&](qint16 &k) { seen << QStringLiteral("press %1").arg(k); });
-    connect(f.get(), &zelDateTime::KeyUp, f.get(), [&](qint16 &code, qint16 &shift) {
-        seen << QStringLiteral("up %1 %2").arg(code).arg(shift);
-    });
-    QTest::keyClick(picker(*f), Qt::Key_Up, Qt::ShiftModifier);
-    QTest::keyClick(picker(*f), Qt::Key_5);
-    QTest::keyClick(picker(*f), Qt::Key_F2, Qt::ControlModifier | Qt::AltModifier);
-    // The modifier keys come down and up as keys of their own, as they do
-    // for the classic controls.
-    QCOMPARE(seen, QStringList({"down 16 1", "down 38 1", "up 38 1", "up 16 0", "down 53 0",
-                                "press 53", "up 53 0", "down 17 2", "down 18 6", "down 113 6",
-                                "up 113 6", "up 18 2", "up 17 0"}));
+    void hostHearsEachKeyFirst_data()
+    {
+        QTest::addColumn<bool>("timeInput"); // keys go to the picker, else to the text box
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QChar>("from");
+        QTest::addColumn<QChar>("to"); // what the host makes of from; '\0' cancels
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("tabs"); // Enter as Tab
+        auto row = [](const char *name, bool time, const char *keys, char from, char to,
+                      const char *text, int tabs) {
+            QTest::newRow(name) << time << QString(keys) << QChar(from) << QChar(to)
+                                << QString(text) << tabs;
+        };
+        row("cancel a digit", false, "15/2", '5', 0, "1/2", 0);
+        row("letter changed to a separator", false, "12x3", 'x', '-', "12/3", 0);
+        row("digit changed to a letter is refused", false, "123", '2', 'q', "13", 0);
+        row("Enter moves on", false, "1\r", 0, 0, "1", 1);
+        row("Enter cancelled stays", false, "1\r", '\r', 0, "1", 0);
+        row("Enter in the time picker moves on", true, "\r", 0, 0, "", 1);
+    }
 
-    // A key code set to 0 in KeyDown does nothing.
-    f->SetValue(QTime(10, 0));
-    // The section that Up steps must not depend on what the typing above
-    // left current (that depends on the time of day the test runs at).
-    picker(*f)->setCurrentSection(QDateTimeEdit::HourSection);
-    QTest::keyClick(picker(*f), Qt::Key_Up);
-    QCOMPARE(f->Value().toDateTime(), onZeroDay(11, 0));
-    connect(f.get(), &zelDateTime::KeyDown, f.get(), [](qint16 &code, qint16 &) { code = 0; });
-    QTest::keyClick(picker(*f), Qt::Key_Up);
-    QCOMPARE(f->Value().toDateTime(), onZeroDay(11, 0));
+    void hostHearsEachKeyFirst()
+    {
+        QFETCH(bool, timeInput);
+        QFETCH(QString, keys);
+        QFETCH(QChar, from);
+        QFETCH(QChar, to);
+        QFETCH(QString, text);
+        QFETCH(int, tabs);
+        zelTestScope scope;
+        scope.fake().moveFocusOnTab = false;
+        auto f = makeField(timeInput);
+        QString heard;
+        connect(f.get(), &zelDateTime::KeyPress, f.get(), [&](qint16 &k) {
+            heard += QChar(k);
+            if (k == from.unicode())
+                k = qint16(to.unicode());
+        });
+        QWidget *target = timeInput ? static_cast<QWidget *>(picker(*f)) : textBox(*f);
+        QTest::keyClicks(target, keys);
+        QCOMPARE(heard, keys);
+        QCOMPARE(f->Text(), text);
+        QCOMPARE(scope.fake().tabsFrom.size(), tabs);
+        if (tabs)
+            QCOMPARE(scope.fake().tabsFrom.at(0).data(), target);
+    }
 
-    // The text box raises KeyPress only.
-    seen.clear();
-    f->SetTimeInput(false);
-    QTest::keyClick(textBox(*f), Qt::Key_5);
-    QCOMPARE(seen, QStringList({"press 53"}));
-}
+    void typingRule_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<int>("cursor"); // where the keys go into start; -1 = over all of it
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("text");
+        auto row = [](const char *name, const char *locale, const char *keys, const char *text,
+                      const char *start = "", int cursor = 0) {
+            QTest::newRow(name) << QString(locale) << QString(start) << cursor << QString(keys)
+                                << QString(text);
+        };
+        const char *us = "en_US";
+        row("full date", us, "1/2/1950", "1/2/1950");
+        row("dash and blank become the separator", us, "1-2 1950", "1/2/1950");
+        row("separator at the start", us, "/1/2", "1/2");
+        row("separator behind a separator", us, "1//2", "1/2");
+        row("third digit opens the next group", us, "123", "12/3");
+        row("digits only", us, "12311950", "12/31/1950");
+        row("year takes four digits", us, "1/2/19501", "1/2/1950");
+        row("third separator", us, "1/2/3/4", "1/2/34");
+        row("letters and colons", us, "a1b/c2:", "1/2");
+        row("German", "de_DE", "1/2/1950", "1.2.1950");
+        row("Swedish year first", "sv_SE", "20201231", "2020-12-31");
+        row("C locale types ISO", "C", "19500102", "1950-01-02");
+        row("full text takes no more keys", us, "1", "12/31/2020", "12/31/2020", 10);
+        row("a selection is typed over", us, "7/4/2021", "7/4/2021", "12/31/2020", -1);
+        row("a digit mid-text within the limit", us, "3", "13/2/1950", "1/2/1950", 1);
+        row("a group keeps its limit mid-text", us, "4", "13/2/1950", "13/2/1950", 1);
+        row("a dot mid-text becomes the separator", us, ".", "12/31", "1231", 2);
+        row("no separator beside one mid-text", us, "/", "12/31", "12/31", 3);
+    }
 
-void tst_DateTime::textBoxLeavesDropDownButtonFree()
-{
-    zelTestScope scope;
-    auto f = makeField();
-    f->SetPrefix(QStringLiteral("Stichtag"));
-    f->SetPrefixWidth(1200);
-    QLineEdit *txt = textBox(*f);
-    QDateTimeEdit *pv = picker(*f);
-    QCOMPARE(pv->geometry().left(), zel::TwipsToPixels(1260));
-    QCOMPARE(txt->geometry().left(), pv->geometry().left());
-    QCOMPARE(txt->geometry().top(), pv->geometry().top());
-    QCOMPARE(txt->height(), pv->height());
-    const int free = pv->geometry().right() - txt->geometry().right();
-    QVERIFY2(free >= 8 && free <= 60, qPrintable(QString::number(free)));
-    // What is left free is the picker's drop-down button.
-    QStyleOptionComboBox opt;
-    opt.initFrom(pv);
-    opt.editable = true;
-    opt.frame = true;
-    opt.subControls = QStyle::SC_All;
-    const QPoint inButton(pv->width() - free / 2, pv->height() / 2);
-    QCOMPARE(pv->style()->hitTestComplexControl(QStyle::CC_ComboBox, &opt, inButton, pv),
-             QStyle::SC_ComboBoxArrow);
-    QVERIFY(pv->calendarPopup());
-    QCOMPARE(pv->displayFormat(), QStringLiteral("MMM dd, yyyy"));
+    void typingRule()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, start);
+        QFETCH(int, cursor);
+        QFETCH(QString, keys);
+        QFETCH(QString, text);
+        zelTestScope scope;
+        useLocale(locale);
+        auto f = makeField();
+        f->SetText(start);
+        if (cursor < 0)
+            textBox(*f)->selectAll();
+        else
+            textBox(*f)->setCursorPosition(cursor);
+        QTest::keyClicks(textBox(*f), keys);
+        QCOMPARE(f->Text(), text);
+        QCOMPARE(scope.fake().beeps, 0);
+    }
 
-    // In time mode the picker alone fills the input area, as an up-down editor
-    // that takes a time on the zero day.
-    f->SetTimeInput(true);
-    QVERIFY(txt->isHidden());
-    QVERIFY(!pv->calendarPopup());
-    QCOMPARE(pv->displayFormat(), QStringLiteral("hh:mm AP"));
-    const QRect input = f->FrameLayout().InputRect;
-    QCOMPARE(pv->geometry().left(), zel::TwipsToPixels(input.x()));
-    QCOMPARE(pv->width(), zel::TwipsToPixels(input.width()));
-    f->SetValue(QTime(8, 20));
-    QCOMPARE(pv->date(), QDate(1899, 12, 30));
-    f->SetTimeInput(false);
-    QVERIFY(!txt->isHidden());
-    QVERIFY(pv->calendarPopup());
-}
+    void pickerKeysReachTheHostWhoCanCancelThem()
+    {
+        zelTestScope scope;
+        auto f = makeField(true);
+        QStringList seen;
+        connect(f.get(), &zelDateTime::KeyDown, f.get(), [&](qint16 &code, qint16 &shift) {
+            seen << QStringLiteral("down %1 %2").arg(code).arg(shift);
+        });
+        connect(f.get(), &zelDateTime::KeyPress, f.get(),
+                [&](qint16 &k) { seen << QStringLiteral("press %1").arg(k); });
+        connect(f.get(), &zelDateTime::KeyUp, f.get(), [&](qint16 &code, qint16 &shift) {
+            seen << QStringLiteral("up %1 %2").arg(code).arg(shift);
+        });
+        QTest::keyClick(picker(*f), Qt::Key_Up, Qt::ShiftModifier);
+        QTest::keyClick(picker(*f), Qt::Key_5);
+        QTest::keyClick(picker(*f), Qt::Key_F2, Qt::ControlModifier | Qt::AltModifier);
+        // The modifier keys come down and up as keys of their own, as they do
+        // for the classic controls.
+        QCOMPARE(seen, QStringList({"down 16 1", "down 38 1", "up 38 1", "up 16 0", "down 53 0",
+                                    "press 53", "up 53 0", "down 17 2", "down 18 6", "down 113 6",
+                                    "up 113 6", "up 18 2", "up 17 0"}));
 
-void tst_DateTime::keyboardOpensCalendar_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("F4") << int(Qt::Key_F4) << int(Qt::NoModifier) << true;
-    QTest::newRow("Alt+Down") << int(Qt::Key_Down) << int(Qt::AltModifier) << true;
-    QTest::newRow("Down alone") << int(Qt::Key_Down) << int(Qt::NoModifier) << false;
-}
+        // A key code set to 0 in KeyDown does nothing.
+        f->SetValue(QTime(10, 0));
+        // The section that Up steps must not depend on what the typing above
+        // left current (that depends on the time of day the test runs at).
+        picker(*f)->setCurrentSection(QDateTimeEdit::HourSection);
+        QTest::keyClick(picker(*f), Qt::Key_Up);
+        QCOMPARE(f->Value().toDateTime(), onZeroDay(11, 0));
+        connect(f.get(), &zelDateTime::KeyDown, f.get(), [](qint16 &code, qint16 &) { code = 0; });
+        QTest::keyClick(picker(*f), Qt::Key_Up);
+        QCOMPARE(f->Value().toDateTime(), onZeroDay(11, 0));
 
-void tst_DateTime::keyboardOpensCalendar()
-{
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(bool, opens);
-    zelTestScope scope;
-    QWidget window;
-    auto *f = new zelDateTime(&window);
-    f->setGeometry(0, 0, 200, 21);
-    window.show();
-    int keyDowns = 0;
-    connect(f, &zelDateTime::KeyDown, f, [&](qint16 &, qint16 &) { ++keyDowns; });
-    QTest::keyClick(textBox(*f), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    auto *calendar = picker(*f)->calendarWidget();
-    QCOMPARE(calendar && calendar->isVisible(), opens);
-    QCOMPARE(keyDowns, 0);
-}
+        // The text box raises KeyPress only.
+        seen.clear();
+        f->SetTimeInput(false);
+        QTest::keyClick(textBox(*f), Qt::Key_5);
+        QCOMPARE(seen, QStringList({"press 53"}));
+    }
 
-void tst_DateTime::disabledColours()
-{
-    zelTestScope scope;
-    auto f = makeField();
-    QLineEdit *txt = textBox(*f);
-    f->SetEnabled(false);
-    QVERIFY(!txt->isEnabled());
-    QVERIFY(!picker(*f)->isEnabled());
-    QCOMPARE(txt->palette().color(QPalette::Base), zel::ToQColor(zel::SysButtonFace));
-    QCOMPARE(txt->palette().color(QPalette::Text), zel::ToQColor(zel::SysGrayText));
-    QCOMPARE(picker(*f)->palette().color(QPalette::Base), zel::ToQColor(zel::SysButtonFace));
-    f->SetEnabled(true);
-    QVERIFY(txt->isEnabled());
-    QCOMPARE(txt->palette().color(QPalette::Base), zel::ToQColor(zel::SysWindowBackground));
-    QCOMPARE(txt->palette().color(QPalette::Text), zel::ToQColor(zel::SysWindowText));
-}
+    void textBoxLeavesDropDownButtonFree()
+    {
+        zelTestScope scope;
+        auto f = makeField();
+        f->SetPrefix(QStringLiteral("Stichtag"));
+        f->SetPrefixWidth(1200);
+        QLineEdit *txt = textBox(*f);
+        QDateTimeEdit *pv = picker(*f);
+        QCOMPARE(pv->geometry().left(), zel::TwipsToPixels(1260));
+        QCOMPARE(txt->geometry().left(), pv->geometry().left());
+        QCOMPARE(txt->geometry().top(), pv->geometry().top());
+        QCOMPARE(txt->height(), pv->height());
+        const int free = pv->geometry().right() - txt->geometry().right();
+        QVERIFY2(free >= 8 && free <= 60, qPrintable(QString::number(free)));
+        // What is left free is the picker's drop-down button.
+        QStyleOptionComboBox opt;
+        opt.initFrom(pv);
+        opt.editable = true;
+        opt.frame = true;
+        opt.subControls = QStyle::SC_All;
+        const QPoint inButton(pv->width() - free / 2, pv->height() / 2);
+        QCOMPARE(pv->style()->hitTestComplexControl(QStyle::CC_ComboBox, &opt, inButton, pv),
+                 QStyle::SC_ComboBoxArrow);
+        QVERIFY(pv->calendarPopup());
+        QCOMPARE(pv->displayFormat(), QStringLiteral("MMM dd, yyyy"));
 
-void tst_DateTime::focusEntrySelectsAll()
-{
-    zelTestScope scope;
-    QWidget window;
-    auto *f = new zelDateTime(&window);
-    auto *other = new QLineEdit(&window);
-    f->setGeometry(0, 0, 200, 21);
-    other->setGeometry(0, 30, 100, 21);
-    window.show();
-    if (!QTest::qWaitForWindowActive(&window))
-        QSKIP("the platform cannot activate windows");
-    f->SetText(QStringLiteral("1/2/1950"));
-    f->setFocus();
-    QTRY_COMPARE(textBox(*f)->selectedText(), QStringLiteral("1/2/1950"));
-    // Not in a form designer.
-    other->setFocus();
-    textBox(*f)->deselect();
-    zel::SetUserMode(f, false);
-    f->setFocus();
-    QTRY_VERIFY(textBox(*f)->hasFocus());
-    QTest::qWait(20);
-    QCOMPARE(textBox(*f)->selectedText(), QString());
-}
+        // In time mode the picker alone fills the input area, as an up-down editor
+        // that takes a time on the zero day.
+        f->SetTimeInput(true);
+        QVERIFY(txt->isHidden());
+        QVERIFY(!pv->calendarPopup());
+        QCOMPARE(pv->displayFormat(), QStringLiteral("hh:mm AP"));
+        const QRect input = f->FrameLayout().InputRect;
+        QCOMPARE(pv->geometry().left(), zel::TwipsToPixels(input.x()));
+        QCOMPARE(pv->width(), zel::TwipsToPixels(input.width()));
+        f->SetValue(QTime(8, 20));
+        QCOMPARE(pv->date(), QDate(1899, 12, 30));
+        f->SetTimeInput(false);
+        QVERIFY(!txt->isHidden());
+        QVERIFY(pv->calendarPopup());
+    }
 
-void tst_DateTime::persistenceRoundTrip()
-{
-    zelTestScope scope;
-    zelMemoryPropertyBag fresh;
-    makeField()->WriteProperties(fresh);
-    // A new field stores nothing but the calendar months, which has no default.
-    QCOMPARE(fresh.Count(), 1);
-    QVERIFY(fresh.Contains(QStringLiteral("CalendarMonths")));
+    void keyboardOpensCalendar_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<bool>("opens");
+        QTest::newRow("F4") << int(Qt::Key_F4) << int(Qt::NoModifier) << true;
+        QTest::newRow("Alt+Down") << int(Qt::Key_Down) << int(Qt::AltModifier) << true;
+        QTest::newRow("Down alone") << int(Qt::Key_Down) << int(Qt::NoModifier) << false;
+    }
 
-    const QVariantMap set{{"Prefix", "Stichtag"}, {"PrefixWidth", 1200},  {"PrefixColon", true},
-                          {"PrefixAlignment", 0}, {"PrefixBold", true},   {"Suffix", "TT.MM.JJJJ"},
-                          {"SuffixWidth", 900},   {"SuffixParens", true}, {"SuffixAlignment", 2},
-                          {"SuffixBold", true},   {"Width", 2500},        {"Margin", 90},
-                          {"Text", "1/2/1950"},   {"Enabled", false},     {"SendKeysTab", false},
-                          {"TimeInput", true}};
-    auto f = makeField();
-    for (auto it = set.cbegin(); it != set.cend(); ++it)
-        QVERIFY(zel::SetProperty(f.get(), it.key(), it.value()));
-    f->SetDataType(5); // refused: stored as 8
-    zelMemoryPropertyBag memory;
-    f->WriteProperties(memory);
-    zelJsonPropertyBag json;
-    f->WriteProperties(json);
-    QCOMPARE(memory.Value(QStringLiteral("DataType")).toInt(), 8);
-    // Loading never reads the calendar months.
-    memory.SetValue(QStringLiteral("CalendarMonths"), QStringLiteral("not a number"));
+    void keyboardOpensCalendar()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(bool, opens);
+        zelTestScope scope;
+        QWidget window;
+        auto *f = new zelDateTime(&window);
+        f->setGeometry(0, 0, 200, 21);
+        window.show();
+        int keyDowns = 0;
+        connect(f, &zelDateTime::KeyDown, f, [&](qint16 &, qint16 &) { ++keyDowns; });
+        QTest::keyClick(textBox(*f), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        auto *calendar = picker(*f)->calendarWidget();
+        QCOMPARE(calendar && calendar->isVisible(), opens);
+        QCOMPARE(keyDowns, 0);
+    }
 
-    for (zelPropertyBag *bag :
-         {static_cast<zelPropertyBag *>(&memory), static_cast<zelPropertyBag *>(&json)}) {
-        auto g = makeField();
-        g->ReadProperties(*bag);
+    void disabledColours()
+    {
+        zelTestScope scope;
+        auto f = makeField();
+        QLineEdit *txt = textBox(*f);
+        for (const bool enabled : {false, true}) {
+            f->SetEnabled(enabled);
+            QCOMPARE(txt->isEnabled(), enabled);
+            QCOMPARE(picker(*f)->isEnabled(), enabled);
+            const auto base = enabled ? zel::SysWindowBackground : zel::SysButtonFace;
+            QCOMPARE(txt->palette().color(QPalette::Base), zel::ToQColor(base));
+            if (!enabled)
+                QCOMPARE(picker(*f)->palette().color(QPalette::Base), zel::ToQColor(base));
+            QCOMPARE(txt->palette().color(QPalette::Text),
+                     zel::ToQColor(enabled ? zel::SysWindowText : zel::SysGrayText));
+        }
+    }
+
+    void focusEntrySelectsAll()
+    {
+        zelTestScope scope;
+        QWidget window;
+        auto *f = new zelDateTime(&window);
+        auto *other = new QLineEdit(&window);
+        f->setGeometry(0, 0, 200, 21);
+        other->setGeometry(0, 30, 100, 21);
+        window.show();
+        if (!QTest::qWaitForWindowActive(&window))
+            QSKIP("the platform cannot activate windows");
+        f->SetText(QStringLiteral("1/2/1950"));
+        f->setFocus();
+        QTRY_COMPARE(textBox(*f)->selectedText(), QStringLiteral("1/2/1950"));
+        // Not in a form designer.
+        other->setFocus();
+        textBox(*f)->deselect();
+        zel::SetUserMode(f, false);
+        f->setFocus();
+        QTRY_VERIFY(textBox(*f)->hasFocus());
+        QTest::qWait(20);
+        QCOMPARE(textBox(*f)->selectedText(), QString());
+    }
+
+    void persistenceRoundTrip()
+    {
+        zelTestScope scope;
+        zelMemoryPropertyBag fresh;
+        makeField()->WriteProperties(fresh);
+        // A new field stores nothing but the calendar months, which has no default.
+        QCOMPARE(fresh.Count(), 1);
+        QVERIFY(fresh.Contains(QStringLiteral("CalendarMonths")));
+
+        const QVariantMap set{
+            {"Prefix", "Stichtag"}, {"PrefixWidth", 1200},  {"PrefixColon", true},
+            {"PrefixAlignment", 0}, {"PrefixBold", true},   {"Suffix", "TT.MM.JJJJ"},
+            {"SuffixWidth", 900},   {"SuffixParens", true}, {"SuffixAlignment", 2},
+            {"SuffixBold", true},   {"Width", 2500},        {"Margin", 90},
+            {"Text", "1/2/1950"},   {"Enabled", false},     {"SendKeysTab", false},
+            {"TimeInput", true}};
+        auto f = makeField();
         for (auto it = set.cbegin(); it != set.cend(); ++it)
-            QCOMPARE(zel::GetProperty(g.get(), it.key()).toString(), it.value().toString());
-        QCOMPARE(g->DataType(), 8);
-        QVERIFY(textBox(*g)->isHidden());
+            QVERIFY(zel::SetProperty(f.get(), it.key(), it.value()));
+        f->SetDataType(5); // refused: stored as 8
+        zelMemoryPropertyBag memory;
+        f->WriteProperties(memory);
+        zelJsonPropertyBag json;
+        f->WriteProperties(json);
+        QCOMPARE(memory.Value(QStringLiteral("DataType")).toInt(), 8);
+        // Loading never reads the calendar months.
+        memory.SetValue(QStringLiteral("CalendarMonths"), QStringLiteral("not a number"));
+
+        for (zelPropertyBag *bag :
+             {static_cast<zelPropertyBag *>(&memory), static_cast<zelPropertyBag *>(&json)}) {
+            auto g = makeField();
+            g->ReadProperties(*bag);
+            for (auto it = set.cbegin(); it != set.cend(); ++it)
+                QCOMPARE(zel::GetProperty(g.get(), it.key()).toString(), it.value().toString());
+            QCOMPARE(g->DataType(), 8);
+            QVERIFY(textBox(*g)->isHidden());
+        }
+        // Loading a refused type asks nothing again.
+        QCOMPARE(scope.fake().messages.size(), 1);
+        QCOMPARE(zelLoggedErrors(), 0);
     }
-    // Loading a refused type asks nothing again.
-    QCOMPARE(scope.fake().messages.size(), 1);
-    QCOMPARE(zelLoggedErrors(), 0);
-}
 
-void tst_DateTime::corruptBagIsLoggedAndRestLoads_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("stored");
-    QTest::addColumn<QVariant>("loaded");
-    QTest::newRow("PrefixWidth beyond 16 bits") << "PrefixWidth" << QVariant(40000) << QVariant(0);
-    QTest::newRow("PrefixAlignment text") << "PrefixAlignment" << QVariant("left") << QVariant(1);
-    QTest::newRow("Enabled maybe") << "Enabled" << QVariant("maybe") << QVariant(true);
-    QTest::newRow("DataType text") << "DataType" << QVariant("date") << QVariant(7);
-    QTest::newRow("Text map") << "Text" << QVariant(QVariantMap{{"a", 1}}) << QVariant("");
-}
-
-void tst_DateTime::corruptBagIsLoggedAndRestLoads()
-{
-    QFETCH(QString, key);
-    QFETCH(QVariant, stored);
-    QFETCH(QVariant, loaded);
-    zelTestScope scope;
-    zelMemoryPropertyBag bag;
-    bag.SetValue(QStringLiteral("Prefix"), QStringLiteral("Datum"));
-    bag.SetValue(QStringLiteral("Suffix"), QStringLiteral("Tag"));
-    bag.SetValue(key, stored);
-    auto f = makeField();
-    f->ReadProperties(bag);
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.UserControl_ReadProperties")), 1);
-    QCOMPARE(f->Prefix(), QStringLiteral("Datum"));
-    QCOMPARE(f->Suffix(), QStringLiteral("Tag"));
-    QCOMPARE(zel::GetProperty(f.get(), key).toString(), loaded.toString());
-    QVERIFY(!f->LayoutBusy());
-}
-
-void tst_DateTime::propertiesByName_data()
-{
-    QTest::addColumn<bool>("timeInput");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVariant>("expected"); // invalid: refused, logged, old value kept
-    auto row = [](const char *name, const char *property, const QVariant &v, const QVariant &e,
-                  bool timeInput = false) {
-        QTest::newRow(name) << timeInput << QString(property) << v << e;
-    };
-    row("PrefixWidth text", "PrefixWidth", "1500", 1500);
-    row("SuffixParens text", "SuffixParens", "True", true);
-    row("Value", "Value", QDate(2021, 3, 4), day(2021, 3, 4));
-    row("TimeInput", "TimeInput", true, true);
-    row("Changed", "Changed", true, true);
-    row("TimeInput maybe", "TimeInput", "maybe", {});
-    row("DataType text", "DataType", "date", {});
-    row("PrefixWidth wide", "PrefixWidth", "wide", {});
-    row("Value no time", "Value", "soon", {}, true);
-    row("Value out of range", "Value", 1e12, {}, true);
-}
-
-void tst_DateTime::propertiesByName()
-{
-    QFETCH(bool, timeInput);
-    QFETCH(QString, name);
-    QFETCH(QVariant, value);
-    QFETCH(QVariant, expected);
-    zelTestScope scope;
-    std::unique_ptr<QObject> o(zel::CreateObject(QStringLiteral("zelCtrl.zelDateTime")));
-    auto *f = qobject_cast<zelDateTime *>(o.get());
-    QVERIFY(f);
-    f->SetTimeInput(timeInput);
-    const QVariant before = zel::GetProperty(f, name);
-    zel::SetProperty(f, name, value);
-    if (!expected.isValid()) {
-        QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.%1 Let").arg(name)), 1);
-        QCOMPARE(zel::GetProperty(f, name), before);
-        QCOMPARE(scope.fake().messages.size(), 0);
-        return;
+    void corruptBagIsLoggedAndRestLoads_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<QVariant>("loaded");
+        QTest::newRow("PrefixWidth beyond 16 bits")
+            << "PrefixWidth" << QVariant(40000) << QVariant(0);
+        QTest::newRow("PrefixAlignment text")
+            << "PrefixAlignment" << QVariant("left") << QVariant(1);
+        QTest::newRow("Enabled maybe") << "Enabled" << QVariant("maybe") << QVariant(true);
+        QTest::newRow("DataType text") << "DataType" << QVariant("date") << QVariant(7);
+        QTest::newRow("Text map") << "Text" << QVariant(QVariantMap{{"a", 1}}) << QVariant("");
     }
-    QVariant got = zel::GetProperty(f, name);
-    QVERIFY(got.convert(expected.metaType()));
-    QCOMPARE(got, expected);
-    QCOMPARE(zelLoggedErrors(), 0);
-}
 
-void tst_DateTime::dispatchIdsAndEvents()
-{
-    // Published ids: the properties count up from 0x68030000, the events from 1.
-    const QStringList properties{
-        "Enabled",         "Text",        "Value",        "TimeInput",       "DataType",
-        "Width",           "SuffixBold",  "SuffixParens", "SuffixWidth",     "SuffixAlignment",
-        "Suffix",          "SendKeysTab", "PrefixBold",   "PrefixColon",     "PrefixWidth",
-        "PrefixAlignment", "Prefix",      "Margin",       "Property.Changed"};
-    const QStringList events{"Changed()", "KeyPress(qint16&)", "KeyDown(qint16&,qint16&)",
-                             "KeyUp(qint16&,qint16&)"};
-    const QMetaObject &mo = zelDateTime::staticMetaObject;
-    auto dispId = [&](const QString &member) {
-        const int i = mo.indexOfClassInfo(("DispId." + member).toLatin1().constData());
-        return i < 0 ? QString() : QString::fromLatin1(mo.classInfo(i).value());
-    };
-    for (int i = 0; i < properties.size(); ++i) {
-        QCOMPARE(dispId(properties.at(i)), QStringLiteral("0x%1").arg(0x68030000 + i, 0, 16));
-        const QString name = properties.at(i).section('.', -1);
-        QVERIFY2(mo.indexOfProperty(name.toLatin1().constData()) >= 0, qPrintable(name));
+    void corruptBagIsLoggedAndRestLoads()
+    {
+        QFETCH(QString, key);
+        QFETCH(QVariant, stored);
+        QFETCH(QVariant, loaded);
+        zelTestScope scope;
+        zelMemoryPropertyBag bag;
+        bag.SetValue(QStringLiteral("Prefix"), QStringLiteral("Datum"));
+        bag.SetValue(QStringLiteral("Suffix"), QStringLiteral("Tag"));
+        bag.SetValue(key, stored);
+        auto f = makeField();
+        f->ReadProperties(bag);
+        QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.UserControl_ReadProperties")), 1);
+        QCOMPARE(f->Prefix(), QStringLiteral("Datum"));
+        QCOMPARE(f->Suffix(), QStringLiteral("Tag"));
+        QCOMPARE(zel::GetProperty(f.get(), key).toString(), loaded.toString());
+        QVERIFY(!f->LayoutBusy());
     }
-    for (int i = 0; i < events.size(); ++i) {
-        QCOMPARE(dispId(events.at(i).section('(', 0, 0)), QString::number(i + 1));
-        QVERIFY2(mo.indexOfSignal(events.at(i).toLatin1().constData()) >= 0,
-                 qPrintable(events.at(i)));
+
+    void propertiesByName_data()
+    {
+        QTest::addColumn<bool>("timeInput");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("expected"); // invalid: refused, logged, old value kept
+        auto row = [](const char *name, const char *property, const QVariant &v, const QVariant &e,
+                      bool timeInput = false) {
+            QTest::newRow(name) << timeInput << QString(property) << v << e;
+        };
+        row("PrefixWidth text", "PrefixWidth", "1500", 1500);
+        row("SuffixParens text", "SuffixParens", "True", true);
+        row("Value", "Value", QDate(2021, 3, 4), day(2021, 3, 4));
+        row("TimeInput", "TimeInput", true, true);
+        row("Changed", "Changed", true, true);
+        row("TimeInput maybe", "TimeInput", "maybe", {});
+        row("DataType text", "DataType", "date", {});
+        row("PrefixWidth wide", "PrefixWidth", "wide", {});
+        row("Value no time", "Value", "soon", {}, true);
+        row("Value out of range", "Value", 1e12, {}, true);
     }
-}
+
+    void propertiesByName()
+    {
+        QFETCH(bool, timeInput);
+        QFETCH(QString, name);
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, expected);
+        zelTestScope scope;
+        std::unique_ptr<QObject> o(zel::CreateObject(QStringLiteral("zelCtrl.zelDateTime")));
+        auto *f = qobject_cast<zelDateTime *>(o.get());
+        QVERIFY(f);
+        f->SetTimeInput(timeInput);
+        const QVariant before = zel::GetProperty(f, name);
+        zel::SetProperty(f, name, value);
+        if (!expected.isValid()) {
+            QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.%1 Let").arg(name)), 1);
+            QCOMPARE(zel::GetProperty(f, name), before);
+            QCOMPARE(scope.fake().messages.size(), 0);
+            return;
+        }
+        QVariant got = zel::GetProperty(f, name);
+        QVERIFY(got.convert(expected.metaType()));
+        QCOMPARE(got, expected);
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
+
+    void dispatchIdsAndEvents()
+    {
+        // Published ids: the properties count up from 0x68030000, the events from 1.
+        const QStringList members{
+            "Enabled",         "Text",        "Value",        "TimeInput",        "DataType",
+            "Width",           "SuffixBold",  "SuffixParens", "SuffixWidth",      "SuffixAlignment",
+            "Suffix",          "SendKeysTab", "PrefixBold",   "PrefixColon",      "PrefixWidth",
+            "PrefixAlignment", "Prefix",      "Margin",       "Property.Changed", "Changed",
+            "KeyPress",        "KeyDown",     "KeyUp"};
+        const QMetaObject &mo = zelDateTime::staticMetaObject;
+        for (int i = 0; i < members.size(); ++i) {
+            const int info = mo.indexOfClassInfo(("DispId." + members.at(i)).toLatin1());
+            QVERIFY2(info >= 0, qPrintable(members.at(i)));
+            QCOMPARE(QString::fromLatin1(mo.classInfo(info).value()),
+                     i < 19 ? QStringLiteral("0x%1").arg(0x68030000 + i, 0, 16)
+                            : QString::number(i - 18));
+        }
+    }
+};
 
 QTEST_MAIN(tst_DateTime)
 #include "tst_datetime.moc"
