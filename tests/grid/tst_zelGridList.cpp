@@ -19,10 +19,10 @@ namespace {
 
 // Columns from a list such as "b240,s0,n1000": b boolean, s string,
 // n number, then the column's own Width in twips.
-void addColumns(zelGridList &g, const QString &spec)
+void addColumns(zelGridList &g, const QString &columns)
 {
     int i = 0;
-    for (const QString &part : spec.split(QLatin1Char(','))) {
+    for (const QString &part : columns.split(QLatin1Char(','))) {
         const qint32 type = part.at(0) == QLatin1Char('b')   ? 11
                             : part.at(0) == QLatin1Char('n') ? 5
                                                              : 8;
