@@ -17,9 +17,9 @@
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
 
-#include "fields/zelInputBox.h"
 #include "fields/zelColorPicker.h"
 #include "fields/zelDateTime.h"
+#include "fields/zelInputBox.h"
 #include "fields/zelOleDate.h"
 
 #include "buttons/zelButtonBar.h"

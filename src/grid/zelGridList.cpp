@@ -623,10 +623,10 @@ void zelGridList::InitGrid()
         m_vfgItems->setUpdatesEnabled(false);
         const int defaultWidth =
             zel::PixelsToTwips(m_vfgItems->horizontalHeader()->defaultSectionSize());
-        std::vector<zelGridColumnSpec> specs;
+        std::vector<zelGridColumnFormat> formats;
         std::vector<qint32> widths;
         for (const auto &col : *m_columns) {
-            zelGridColumnSpec s;
+            zelGridColumnFormat s;
             s.Caption = col->Caption();
             s.DataType = col->DataType() == 0 ? zelGridType::String : col->DataType();
             s.Decimals = col->Decimals();
@@ -638,10 +638,10 @@ void zelGridList::InitGrid()
                     list.remove(0, 1);
                 s.Combo = list.split(QLatin1Char('|'));
             }
-            specs.push_back(std::move(s));
+            formats.push_back(std::move(s));
             widths.push_back(col->Width() > 0 ? col->Width() : defaultWidth);
         }
-        m_model->ResetColumns(std::move(specs));
+        m_model->ResetColumns(std::move(formats));
         m_colWidths = std::move(widths);
         ApplySelectionMode();
         ApplyColumnWidths();
@@ -848,9 +848,9 @@ void zelGridList::SetColorCells(qint32 lRow)
         if (!row || !m_model->HasColourColumns())
             return;
         row->ClearCellColours();
-        const auto &specs = m_model->Specs();
-        for (int c = 0; c < int(specs.size()); ++c) {
-            if (specs[size_t(c)].DataType != zelGridType::Colour)
+        const auto &formats = m_model->Formats();
+        for (int c = 0; c < int(formats.size()); ++c) {
+            if (formats[size_t(c)].DataType != zelGridType::Colour)
                 continue;
             t.Step = QStringLiteral("Column %1").arg(c);
             // Colours are 32-bit patterns: system colours read as negative.

@@ -18,7 +18,7 @@
 // What a grid column took from its column object when the columns were
 // built (RefreshColumns): later changes to the object show after the next
 // rebuild, as on any grid.
-struct zelGridColumnSpec
+struct zelGridColumnFormat
 {
     QString Caption;
     qint32 DataType = 8;
@@ -44,7 +44,7 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
     // New columns, and every row of Items anew.
-    void ResetColumns(std::vector<zelGridColumnSpec> specs);
+    void ResetColumns(std::vector<zelGridColumnFormat> formats);
     // Every row of Items anew, the columns kept.
     void ResetRows();
     // Rows first to last (1-based) show something new.
@@ -62,7 +62,7 @@ public:
     // Sync at the next turn of the event loop, before anything is painted.
     void ScheduleSync();
 
-    const std::vector<zelGridColumnSpec> &Specs() const { return m_specs; }
+    const std::vector<zelGridColumnFormat> &Formats() const { return m_formats; }
     qint32 DataType(int column) const;
     bool IsBoolean(int column) const { return DataType(column) == zelGridType::Boolean; }
     bool IsColour(int column) const { return DataType(column) == zelGridType::Colour; }
@@ -76,7 +76,7 @@ public:
 
 private:
     zelGridList *m_owner;
-    std::vector<zelGridColumnSpec> m_specs;
+    std::vector<zelGridColumnFormat> m_formats;
     int m_rows = 0;
     bool m_hasColour = false;
     bool m_syncQueued = false;

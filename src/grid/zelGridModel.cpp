@@ -54,12 +54,12 @@ int zelGridModel::rowCount(const QModelIndex &parent) const
 
 int zelGridModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_specs.size());
+    return parent.isValid() ? 0 : int(m_formats.size());
 }
 
 qint32 zelGridModel::DataType(int column) const
 {
-    return column >= 0 && column < int(m_specs.size()) ? m_specs[size_t(column)].DataType : 0;
+    return column >= 0 && column < int(m_formats.size()) ? m_formats[size_t(column)].DataType : 0;
 }
 
 bool zelGridModel::AllowEdit(int column) const
@@ -91,27 +91,28 @@ QVariant zelGridModel::data(const QModelIndex &index, int role) const
 {
     const int r = index.row();
     const int c = index.column();
-    if (r < 0 || r >= m_rows || c < 0 || c >= int(m_specs.size()) || !m_owner->m_items)
+    if (r < 0 || r >= m_rows || c < 0 || c >= int(m_formats.size()) || !m_owner->m_items)
         return {};
     // Rows past the end of Items (removed this turn) show empty.
     const zelGridRow *row = m_owner->m_items->Items().ItemAt(r + 1).get();
     if (!row)
         return {};
-    const zelGridColumnSpec &spec = m_specs[size_t(c)];
+    const zelGridColumnFormat &format = m_formats[size_t(c)];
     switch (role) {
     case Qt::DisplayRole: {
-        if (spec.DataType == zelGridType::Boolean || row->CellColour(c, nullptr))
+        if (format.DataType == zelGridType::Boolean || row->CellColour(c, nullptr))
             return QString();
         const QStringView text = row->Cell(c);
         double d = 0;
-        if (spec.Decimals > 0 && zelGridType::IsNumeric(spec.DataType) && readsAsNumber(text, &d))
-            return zel::FormatFixed(d, spec.Decimals);
+        if (format.Decimals > 0 && zelGridType::IsNumeric(format.DataType) &&
+            readsAsNumber(text, &d))
+            return zel::FormatFixed(d, format.Decimals);
         return text.toString();
     }
     case Qt::EditRole:
         return row->Cell(c).toString();
     case Qt::CheckStateRole:
-        if (spec.DataType != zelGridType::Boolean)
+        if (format.DataType != zelGridType::Boolean)
             return {};
         return (IsCheckColumn(c) ? row->Checked() : TextIsTrue(row->Cell(c))) ? Qt::Checked
                                                                               : Qt::Unchecked;
@@ -121,14 +122,14 @@ QVariant zelGridModel::data(const QModelIndex &index, int role) const
             return QBrush(zel::ToQColor(colour));
         if (row->RowColor() != zel::SysWindowBackground)
             return QBrush(zel::ToQColor(row->RowColor()));
-        if (spec.DataType != zelGridType::Colour && AllowEdit(c) &&
+        if (format.DataType != zelGridType::Colour && AllowEdit(c) &&
             !(row->Selected() && m_owner->m_multiSelect))
             return QBrush(zel::ToQColor(EditableBackColour));
         return {};
     }
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(
-            cellAlignment(spec.Alignment, spec.Alignment == 0 && readsAsNumber(row->Cell(c))));
+            cellAlignment(format.Alignment, format.Alignment == 0 && readsAsNumber(row->Cell(c))));
     default:
         return {};
     }
@@ -136,13 +137,13 @@ QVariant zelGridModel::data(const QModelIndex &index, int role) const
 
 QVariant zelGridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= int(m_specs.size()))
+    if (orientation != Qt::Horizontal || section < 0 || section >= int(m_formats.size()))
         return QAbstractTableModel::headerData(section, orientation, role);
-    const zelGridColumnSpec &spec = m_specs[size_t(section)];
+    const zelGridColumnFormat &format = m_formats[size_t(section)];
     if (role == Qt::DisplayRole)
-        return spec.Caption;
+        return format.Caption;
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(cellAlignment(spec.Alignment, false));
+        return QVariant::fromValue(cellAlignment(format.Alignment, false));
     return {};
 }
 
@@ -168,12 +169,12 @@ bool zelGridModel::setData(const QModelIndex &index, const QVariant &value, int 
     return true;
 }
 
-void zelGridModel::ResetColumns(std::vector<zelGridColumnSpec> specs)
+void zelGridModel::ResetColumns(std::vector<zelGridColumnFormat> formats)
 {
     beginResetModel();
-    m_specs = std::move(specs);
+    m_formats = std::move(formats);
     m_hasColour = false;
-    for (const auto &s : m_specs)
+    for (const auto &s : m_formats)
         m_hasColour = m_hasColour || s.DataType == zelGridType::Colour;
     m_rows = m_owner->m_items ? m_owner->m_items->Count() : 0;
     endResetModel();
@@ -220,9 +221,9 @@ void zelGridModel::RowsChanged(int first, int last)
 {
     first = std::max(first, 1);
     last = std::min(last, m_rows);
-    if (first > last || m_specs.empty())
+    if (first > last || m_formats.empty())
         return;
-    emit dataChanged(index(first - 1, 0), index(last - 1, int(m_specs.size()) - 1));
+    emit dataChanged(index(first - 1, 0), index(last - 1, int(m_formats.size()) - 1));
 }
 
 // ---------------------------------------------------------------- view
@@ -372,27 +373,27 @@ QWidget *zelGridDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
                                        const QModelIndex &index) const
 {
     const int column = index.column();
-    if (column < 0 || column >= int(m_model->Specs().size()))
+    if (column < 0 || column >= int(m_model->Formats().size()))
         return QStyledItemDelegate::createEditor(parent, option, index);
-    const zelGridColumnSpec &spec = m_model->Specs()[size_t(column)];
-    if (!spec.Combo.isEmpty()) {
+    const zelGridColumnFormat &format = m_model->Formats()[size_t(column)];
+    if (!format.Combo.isEmpty()) {
         auto *combo = new QComboBox(parent);
         combo->setObjectName(QStringLiteral("cboEdit"));
-        combo->setEditable(spec.ComboEditable);
+        combo->setEditable(format.ComboEditable);
         combo->setInsertPolicy(QComboBox::NoInsert);
         combo->setMaxVisibleItems(20);
-        combo->addItems(spec.Combo);
+        combo->addItems(format.Combo);
         return combo;
     }
     auto *line = new QLineEdit(parent);
     line->setObjectName(QStringLiteral("txtEdit"));
     line->setFrame(false);
-    if (zelGridType::IsNumeric(spec.DataType)) {
-        const bool whole = spec.DataType == zelGridType::Integer ||
-                           spec.DataType == zelGridType::Long || spec.Decimals == 0;
+    if (zelGridType::IsNumeric(format.DataType)) {
+        const bool whole = format.DataType == zelGridType::Integer ||
+                           format.DataType == zelGridType::Long || format.Decimals == 0;
         const QString pattern =
             whole ? QStringLiteral("-?\\d*")
-                  : QStringLiteral("-?\\d*(\\.\\d{0,%1})?").arg(std::max(spec.Decimals, 1));
+                  : QStringLiteral("-?\\d*(\\.\\d{0,%1})?").arg(std::max(format.Decimals, 1));
         line->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), line));
     }
     return line;
@@ -452,7 +453,7 @@ void zelGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModel
     }
     }
     const int col = m_owner->m_selectionCol;
-    if (highlight && col >= 0 && col < int(m_model->Specs().size()) && index.column() != col)
+    if (highlight && col >= 0 && col < int(m_model->Formats().size()) && index.column() != col)
         highlight = false;
     if (!highlight)
         option->state &= ~QStyle::State_Selected;
