@@ -428,19 +428,13 @@ void zelGridList::SetEditOnFocus(const QVariant &v)
 void zelGridList::ChangeEnabledButtons(ZEL_PrpButtons eButton, bool bEnabled)
 {
     zel::Trail t(this, "ChangeEnabledButtons");
-    t.Run([&] {
-        const qint32 bits = ButtonsEnabled();
-        SetButtonsEnabled(bEnabled ? (bits | qint32(eButton)) : (bits & ~qint32(eButton)));
-    });
+    t.Run([&] { SetButtonsEnabled(zelBarWithBits(ButtonsEnabled(), qint32(eButton), bEnabled)); });
 }
 
 void zelGridList::ChangeVisibleButtons(ZEL_PrpButtons eButton, bool bVisible)
 {
     zel::Trail t(this, "ChangeVisibleButtons");
-    t.Run([&] {
-        const qint32 bits = ButtonsVisible();
-        SetButtonsVisible(bVisible ? (bits | qint32(eButton)) : (bits & ~qint32(eButton)));
-    });
+    t.Run([&] { SetButtonsVisible(zelBarWithBits(ButtonsVisible(), qint32(eButton), bVisible)); });
 }
 
 bool zelGridList::LoadOptionButtonPicture(qint32 Index, const QVariant &oPicture)
