@@ -172,6 +172,20 @@ private slots:
         QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QStringLiteral("def")).toString(),
                  QStringLiteral("def"));
         QVERIFY(!in.Load(dir.filePath(QStringLiteral("missing.json"))));
+
+        // A QSettings group keeps its keys apart from other groups' and
+        // drops a value written back to its default.
+        QSettings store(dir.filePath(QStringLiteral("form.ini")), QSettings::IniFormat);
+        zelSettingsPropertyBag first(store, QStringLiteral("inpWidth"));
+        zelSettingsPropertyBag second(store, QStringLiteral("inpHeight"));
+        first.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Width"), QString());
+        second.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Height"), QString());
+        QCOMPARE(first.ReadProperty(QStringLiteral("Prefix"), QString()).toString(),
+                 QStringLiteral("Width"));
+        first.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
+        QVERIFY(!store.contains(QStringLiteral("inpWidth/Prefix")));
+        QCOMPARE(store.value(QStringLiteral("inpHeight/Prefix")).toString(),
+                 QStringLiteral("Height"));
     }
 
     void systemColoursComeFromThePalette_data()
