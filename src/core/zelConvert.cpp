@@ -1,6 +1,9 @@
 #include "core/zelConvert.h"
 
+#include "platform/zelPlatform.h"
 #include "platform/zelVariantKind.h"
+
+#include <QColor>
 
 #include <QLocale>
 
@@ -170,6 +173,29 @@ QString FormatFixed(double value, int decimals)
     if (s.startsWith(QLatin1Char('-')) && Val(s) == 0.0)
         s.remove(0, 1); // no "-0.00"
     return s;
+}
+
+} // namespace zel
+
+namespace zel {
+
+quint32 CColour(const QVariant &v)
+{
+    if (v.metaType().id() == QMetaType::QColor) {
+        const QColor c = v.value<QColor>();
+        if (!c.isValid())
+            throw zelError(zelError::InvalidPropertyValue);
+        return FromQColor(c);
+    }
+    const double r = std::nearbyint(CDbl(v));
+    if (!std::isfinite(r) || r < double(std::numeric_limits<qint32>::min()) ||
+        r > double(std::numeric_limits<quint32>::max()))
+        throw zelError(zelError::Overflow);
+    const quint32 colour = r < 0 ? quint32(qint32(r)) : quint32(r);
+    const quint32 high = colour & 0xFF000000u;
+    if (high != 0 && high != 0x80000000u)
+        throw zelError(zelError::InvalidPropertyValue);
+    return colour;
 }
 
 } // namespace zel

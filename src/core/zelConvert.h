@@ -20,6 +20,10 @@ float CSng(const QVariant &v);
 double CDbl(const QVariant &v);
 bool CBool(const QVariant &v);
 QString CStr(const QVariant &v);
+// A colour as a host may give it: a QColor, or a number in the form
+// 0x00BBGGRR, where 0x8000000x (or its negative 32-bit form) names a system
+// colour. Throws 6 for numbers out of range, 380 for other high bytes.
+quint32 CColour(const QVariant &v);
 
 // The leading number of a text, as the classic value-of-text reads it:
 // blanks are skipped, reading stops at the first character that cannot

@@ -2,7 +2,6 @@
 
 #include "core/zelConvert.h"
 #include "core/zelKeys.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelPlatform.h"
 
@@ -84,14 +83,6 @@ Qt::Alignment toQtAlignment(qint16 a)
     default:
         return Qt::AlignLeft | Qt::AlignVCenter;
     }
-}
-
-qint16 checkedAlignment(const QVariant &v)
-{
-    const qint16 a = zel::CInt(v);
-    if (a < 0 || a > 2)
-        throw zelError(zelError::InvalidPropertyValue);
-    return a;
 }
 
 } // namespace
@@ -216,133 +207,147 @@ void zelLabelledField::ApplyEnterAsTab(qint16 &KeyAscii, QWidget *from)
     }
 }
 
-template <typename Apply>
-void zelLabelledField::setFrame(const char *procedure, const char *name, Apply apply, bool relayout)
+namespace {
+
+qint16 checkedAlignment(qint16 a)
 {
-    zel::Trail t(this, procedure);
-    t.Run([&] {
-        apply();
-        MarkChanged(QString::fromLatin1(name));
-        if (relayout)
-            LayoutFrame();
-    });
+    if (a < 0 || a > 2)
+        throw zelError(zelError::InvalidPropertyValue);
+    return a;
+}
+
+} // namespace
+
+void zelLabelledField::Refresh(quint32 what)
+{
+    if (what & RefreshLayout)
+        LayoutFrame();
 }
 
 void zelLabelledField::SetPrefix(const QString &v)
 {
-    setFrame("Prefix Let", "Prefix", [&] { m_props.Prefix = v; });
+    Let("Prefix", m_props.Prefix, v);
 }
 
-void zelLabelledField::SetPrefixAlignment(const QVariant &v)
+void zelLabelledField::SetPrefixAlignment(qint16 v)
 {
-    setFrame("PrefixAlignment Let", "PrefixAlignment",
-             [&] { m_props.PrefixAlignment = checkedAlignment(v); });
+    Let(
+        "PrefixAlignment", m_props.PrefixAlignment, [&] { return checkedAlignment(v); }, [] {});
 }
 
-void zelLabelledField::SetPrefixWidth(const QVariant &v)
+void zelLabelledField::SetPrefixWidth(qint32 v)
 {
-    setFrame("PrefixWidth Let", "PrefixWidth", [&] { m_props.PrefixWidth = zel::CLng(v); });
+    Let("PrefixWidth", m_props.PrefixWidth, v);
 }
 
-void zelLabelledField::SetPrefixColon(const QVariant &v)
+void zelLabelledField::SetPrefixColon(bool v)
 {
-    setFrame("PrefixColon Let", "PrefixColon", [&] { m_props.PrefixColon = zel::CBool(v); });
+    Let("PrefixColon", m_props.PrefixColon, v);
 }
 
-void zelLabelledField::SetPrefixBold(const QVariant &v)
+void zelLabelledField::SetPrefixBold(bool v)
 {
-    setFrame("PrefixBold Let", "PrefixBold", [&] { m_props.PrefixBold = zel::CBool(v); });
+    Let("PrefixBold", m_props.PrefixBold, v);
 }
 
 void zelLabelledField::SetSuffix(const QString &v)
 {
-    setFrame("Suffix Let", "Suffix", [&] { m_props.Suffix = v; });
+    Let("Suffix", m_props.Suffix, v);
 }
 
-void zelLabelledField::SetSuffixAlignment(const QVariant &v)
+void zelLabelledField::SetSuffixAlignment(qint16 v)
 {
-    setFrame("SuffixAlignment Let", "SuffixAlignment",
-             [&] { m_props.SuffixAlignment = checkedAlignment(v); });
+    Let(
+        "SuffixAlignment", m_props.SuffixAlignment, [&] { return checkedAlignment(v); }, [] {});
 }
 
-void zelLabelledField::SetSuffixWidth(const QVariant &v)
+void zelLabelledField::SetSuffixWidth(qint32 v)
 {
-    setFrame("SuffixWidth Let", "SuffixWidth", [&] { m_props.SuffixWidth = zel::CLng(v); });
+    Let("SuffixWidth", m_props.SuffixWidth, v);
 }
 
-void zelLabelledField::SetSuffixParens(const QVariant &v)
+void zelLabelledField::SetSuffixParens(bool v)
 {
-    setFrame("SuffixParens Let", "SuffixParens", [&] { m_props.SuffixParens = zel::CBool(v); });
+    Let("SuffixParens", m_props.SuffixParens, v);
 }
 
-void zelLabelledField::SetSuffixBold(const QVariant &v)
+void zelLabelledField::SetSuffixBold(bool v)
 {
-    setFrame("SuffixBold Let", "SuffixBold", [&] { m_props.SuffixBold = zel::CBool(v); });
+    Let("SuffixBold", m_props.SuffixBold, v);
 }
 
-void zelLabelledField::SetMargin(const QVariant &v)
+void zelLabelledField::SetMargin(qint32 v)
 {
-    setFrame("Margin Let", "Margin", [&] { m_props.Margin = zel::CLng(v); });
+    Let("Margin", m_props.Margin, v);
 }
 
-void zelLabelledField::SetWidth(const QVariant &v)
+void zelLabelledField::SetWidth(qint16 v)
 {
-    setFrame(
-        "Width Let", "Width", [&] { m_props.Width = zel::CInt(v); }, false);
+    Let("Width", m_props.Width, v);
 }
 
-void zelLabelledField::SetSendKeysTab(const QVariant &v)
+void zelLabelledField::SetSendKeysTab(bool v)
 {
-    setFrame(
-        "SendKeysTab Let", "SendKeysTab", [&] { m_props.SendKeysTab = zel::CBool(v); }, false);
+    Let("SendKeysTab", m_props.SendKeysTab, v);
 }
 
-void zelLabelledField::ReadFrameProperties(zelPropertyBag &bag, FrameKeys keys)
+std::vector<zel::zelPropertyDecl> zelLabelledField::FrameProperties(FrameKeys keys)
 {
-    zel::PropertyReader r(bag, this);
+    using F = zelLabelledField;
+    using zel::Kind;
+    using zel::Prop;
     const bool wide = keys == FrameKeys::Long;
-    // Wide numbers may come back as text ("1200"); the reader converts them.
-    auto number = [&](const char *key, qint32 def) -> qint32 {
-        return wide ? r.Long(QString::fromLatin1(key), def)
-                    : r.Int(QString::fromLatin1(key), qint16(def));
+    const Kind number = wide ? Kind::Int32 : Kind::Int16;
+    const Kind alignment = wide ? Kind::Int16 : Kind::Int32;
+    const quint32 label = zel::StoreOnLoad;
+    return {
+        Prop("Prefix", &F::Prefix, &F::SetPrefix).Persist().Refreshes(RefreshLayout).With(label),
+        Prop("PrefixWidth", &F::PrefixWidth, &F::SetPrefixWidth)
+            .Persist()
+            .StoredAs(number)
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("PrefixColon", &F::PrefixColon, &F::SetPrefixColon)
+            .Persist()
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("PrefixAlignment", &F::PrefixAlignment, &F::SetPrefixAlignment)
+            .Persist()
+            .StoredAs(alignment)
+            .Default(qint16(1))
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("PrefixBold", &F::PrefixBold, &F::SetPrefixBold)
+            .Persist()
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("Suffix", &F::Suffix, &F::SetSuffix).Persist().Refreshes(RefreshLayout).With(label),
+        Prop("SuffixWidth", &F::SuffixWidth, &F::SetSuffixWidth)
+            .Persist()
+            .StoredAs(number)
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("SuffixParens", &F::SuffixParens, &F::SetSuffixParens)
+            .Persist()
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("SuffixAlignment", &F::SuffixAlignment, &F::SetSuffixAlignment)
+            .Persist()
+            .StoredAs(alignment)
+            .Refreshes(RefreshLayout)
+            .With(label),
+        Prop("SuffixBold", &F::SuffixBold, &F::SetSuffixBold)
+            .Persist()
+            .Refreshes(RefreshLayout)
+            .With(label),
+        // Width takes no part in the layout and does not run it.
+        Prop("Width", &F::Width, &F::SetWidth).Persist(),
+        // Margin takes no part in the layout, but runs it all the same.
+        Prop("Margin", &F::Margin, &F::SetMargin)
+            .Persist()
+            .StoredAs(number)
+            .Default(qint32(60))
+            .Refreshes(RefreshLayout),
+        Prop("SendKeysTab", &F::SendKeysTab, &F::SetSendKeysTab).Persist().Default(true),
     };
-    auto alignment = [&](const char *key, qint16 def) -> qint16 {
-        const qint32 a =
-            wide ? r.Int(QString::fromLatin1(key), def) : r.Long(QString::fromLatin1(key), def);
-        return a >= 0 && a <= 2 ? qint16(a) : def;
-    };
-    // The label members are stored without a layout each; the Margin setter
-    // lays out once with all of them in place.
-    m_props.Prefix = r.String(QStringLiteral("Prefix"), QString());
-    m_props.PrefixWidth = number("PrefixWidth", 0);
-    m_props.PrefixColon = r.Bool(QStringLiteral("PrefixColon"), false);
-    m_props.PrefixAlignment = alignment("PrefixAlignment", 1);
-    m_props.PrefixBold = r.Bool(QStringLiteral("PrefixBold"), false);
-    m_props.Suffix = r.String(QStringLiteral("Suffix"), QString());
-    m_props.SuffixWidth = number("SuffixWidth", 0);
-    m_props.SuffixParens = r.Bool(QStringLiteral("SuffixParens"), false);
-    m_props.SuffixAlignment = alignment("SuffixAlignment", 0);
-    m_props.SuffixBold = r.Bool(QStringLiteral("SuffixBold"), false);
-    SetWidth(r.Int(QStringLiteral("Width"), 0));
-    SetMargin(number("Margin", 60));
-    SetSendKeysTab(r.Bool(QStringLiteral("SendKeysTab"), true));
-}
-
-void zelLabelledField::WriteFrameProperties(zelPropertyBag &bag, FrameKeys keys) const
-{
-    const bool wide = keys == FrameKeys::Long;
-    auto number = [&](qint32 v) { return wide ? QVariant(v) : QVariant::fromValue(qint16(v)); };
-    bag.WriteProperty(QStringLiteral("Prefix"), m_props.Prefix, QString());
-    bag.WriteProperty(QStringLiteral("PrefixWidth"), number(m_props.PrefixWidth), 0);
-    bag.WriteProperty(QStringLiteral("PrefixColon"), m_props.PrefixColon, false);
-    bag.WriteProperty(QStringLiteral("PrefixAlignment"), m_props.PrefixAlignment, 1);
-    bag.WriteProperty(QStringLiteral("PrefixBold"), m_props.PrefixBold, false);
-    bag.WriteProperty(QStringLiteral("Suffix"), m_props.Suffix, QString());
-    bag.WriteProperty(QStringLiteral("SuffixWidth"), number(m_props.SuffixWidth), 0);
-    bag.WriteProperty(QStringLiteral("SuffixParens"), m_props.SuffixParens, false);
-    bag.WriteProperty(QStringLiteral("SuffixAlignment"), m_props.SuffixAlignment, 0);
-    bag.WriteProperty(QStringLiteral("SuffixBold"), m_props.SuffixBold, false);
-    bag.WriteProperty(QStringLiteral("Width"), m_props.Width, 0);
-    bag.WriteProperty(QStringLiteral("Margin"), number(m_props.Margin), 60);
-    bag.WriteProperty(QStringLiteral("SendKeysTab"), m_props.SendKeysTab, true);
 }

@@ -6,7 +6,7 @@
 // control of fixed height. The arithmetic is a plain function in twips;
 // zelLabelledField applies it to widgets.
 
-#include "platform/zelPropertyBag.h"
+#include "core/zelProperties.h"
 
 #include <QRect>
 #include <QString>
@@ -72,7 +72,7 @@ zelFrameLayout zelLayoutFrame(const zelFrameProps &p, qint32 innerWidth,
 // The widget part: the two labels, the layout on every resize and frame
 // setter, the Enter-as-Tab rule, and the frame's persisted keys. A control
 // derives from it, creates its input widget and hands it to SetInputWidget.
-class zelLabelledField : public QWidget, public zelPersistable
+class zelLabelledField : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Prefix READ Prefix WRITE SetPrefix)
@@ -95,29 +95,40 @@ public:
     QString Prefix() const { return m_props.Prefix; }
     void SetPrefix(const QString &v);
     qint16 PrefixAlignment() const { return m_props.PrefixAlignment; }
-    void SetPrefixAlignment(const QVariant &v);
+    void SetPrefixAlignment(qint16 v);
+    ZEL_LATE_BOUND(PrefixAlignment)
     qint32 PrefixWidth() const { return m_props.PrefixWidth; }
-    void SetPrefixWidth(const QVariant &v);
+    void SetPrefixWidth(qint32 v);
+    ZEL_LATE_BOUND(PrefixWidth)
     bool PrefixColon() const { return m_props.PrefixColon; }
-    void SetPrefixColon(const QVariant &v);
+    void SetPrefixColon(bool v);
+    ZEL_LATE_BOUND(PrefixColon)
     bool PrefixBold() const { return m_props.PrefixBold; }
-    void SetPrefixBold(const QVariant &v);
+    void SetPrefixBold(bool v);
+    ZEL_LATE_BOUND(PrefixBold)
     QString Suffix() const { return m_props.Suffix; }
     void SetSuffix(const QString &v);
     qint16 SuffixAlignment() const { return m_props.SuffixAlignment; }
-    void SetSuffixAlignment(const QVariant &v);
+    void SetSuffixAlignment(qint16 v);
+    ZEL_LATE_BOUND(SuffixAlignment)
     qint32 SuffixWidth() const { return m_props.SuffixWidth; }
-    void SetSuffixWidth(const QVariant &v);
+    void SetSuffixWidth(qint32 v);
+    ZEL_LATE_BOUND(SuffixWidth)
     bool SuffixParens() const { return m_props.SuffixParens; }
-    void SetSuffixParens(const QVariant &v);
+    void SetSuffixParens(bool v);
+    ZEL_LATE_BOUND(SuffixParens)
     bool SuffixBold() const { return m_props.SuffixBold; }
-    void SetSuffixBold(const QVariant &v);
+    void SetSuffixBold(bool v);
+    ZEL_LATE_BOUND(SuffixBold)
     qint32 Margin() const { return m_props.Margin; }
-    void SetMargin(const QVariant &v);
+    void SetMargin(qint32 v);
+    ZEL_LATE_BOUND(Margin)
     qint16 Width() const { return m_props.Width; }
-    void SetWidth(const QVariant &v);
+    void SetWidth(qint16 v);
+    ZEL_LATE_BOUND(Width)
     bool SendKeysTab() const { return m_props.SendKeysTab; }
-    void SetSendKeysTab(const QVariant &v);
+    void SetSendKeysTab(bool v);
+    ZEL_LATE_BOUND(SendKeysTab)
 
     const zelFrameProps &FrameProps() const { return m_props; }
     // The layout last applied (twips).
@@ -143,18 +154,27 @@ protected:
     // SendKeysTab moves the focus on and is discarded (KeyAscii becomes 0).
     void ApplyEnterAsTab(qint16 &KeyAscii, QWidget *from);
 
-    // The frame's keys. Controls differ in the widths of some stored
-    // numbers: the input box keeps widths and margin as 32-bit text, the
-    // date field as 16-bit numbers.
+    // The frame's entries of a control's property table, in load order: the
+    // label members are only stored on load, and the Margin setter lays out
+    // once with all of them in place. Controls differ in the widths of some
+    // stored numbers: the input box keeps widths and margin 32-bit and
+    // alignments 16-bit, the date field the other way round.
     enum class FrameKeys
     {
         Long,
         Short
     };
-    void ReadFrameProperties(zelPropertyBag &bag, FrameKeys keys);
-    void WriteFrameProperties(zelPropertyBag &bag, FrameKeys keys) const;
+    static std::vector<zel::zelPropertyDecl> FrameProperties(FrameKeys keys);
+    // What a frame entry refreshes; controls number their own from RefreshOwn.
+    enum : quint32
+    {
+        RefreshLayout = 0x1,
+        RefreshOwn = 0x2
+    };
 
-    void MarkChanged(const QString &name) { emit PropertyChanged(name); }
+    const QObject *PropertyOwner() const override { return this; }
+    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
 
     // Runs a typed key through handler, the control's KeyPress procedure.
     // True when the key is consumed: dropped (the handler answered 0) or
@@ -169,8 +189,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    template <typename Apply>
-    void setFrame(const char *procedure, const char *name, Apply apply, bool relayout = true);
     qint32 measure(const QString &text, bool bold) const;
 
     zelFrameProps m_props;

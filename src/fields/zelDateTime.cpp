@@ -515,11 +515,17 @@ bool zelDateTime::eventFilter(QObject *watched, QEvent *event)
     return zelLabelledField::eventFilter(watched, event);
 }
 
+const zel::zelPropertyTable &zelDateTime::Properties() const
+{
+    static const zel::zelPropertyTable table(FrameProperties(FrameKeys::Short), {});
+    return table;
+}
+
 void zelDateTime::ReadProperties(zelPropertyBag &bag)
 {
     zel::Trail t(this, "UserControl_ReadProperties");
     t.Run([&] {
-        ReadFrameProperties(bag, FrameKeys::Short);
+        ReadEntries(bag, FrameProperties(FrameKeys::Short));
         zel::PropertyReader r(bag, this);
         // A stored type other than a date is the refused type of an earlier
         // session: it loads as 8 without asking again.
@@ -535,7 +541,7 @@ void zelDateTime::WriteProperties(zelPropertyBag &bag) const
 {
     zel::Trail t(this, "UserControl_WriteProperties");
     t.Run([&] {
-        WriteFrameProperties(bag, FrameKeys::Short);
+        WriteEntries(bag, FrameProperties(FrameKeys::Short));
         bag.WriteProperty(QStringLiteral("DataType"), m_dataType, 7);
         bag.WriteProperty(QStringLiteral("Text"), m_txtInput->text(), QString());
         bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);

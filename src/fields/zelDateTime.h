@@ -147,6 +147,7 @@ public:
     void SetChanged(const QVariant &v);
 
     Q_INVOKABLE void InitProperties() override;
+    const zel::zelPropertyTable &Properties() const override;
     void ReadProperties(zelPropertyBag &bag) override;
     void WriteProperties(zelPropertyBag &bag) const override;
 

@@ -2,7 +2,6 @@
 
 #include "core/zelConvert.h"
 #include "core/zelKeys.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPlatform.h"
@@ -61,129 +60,129 @@ zelInputBox::zelInputBox(QWidget *parent)
 
 zelInputBox::~zelInputBox() = default;
 
-void zelInputBox::InitProperties()
+const zel::zelPropertyTable &zelInputBox::Properties() const
 {
-    zel::Trail t(this, "UserControl_InitProperties");
-    t.Run([&] {
-        SetDataType(5);
-        SetMaxLength(0);
-        SetDecimals(2);
-        SetEnabled(true);
-        SetReadOnly(false);
-    });
+    using B = zelInputBox;
+    using zel::Prop;
+    static const zel::zelPropertyTable table(
+        FrameProperties(FrameKeys::Long),
+        {
+            Prop("DataType", &B::DataType, &B::SetDataType)
+                .Persist()
+                .Default(qint32(5))
+                .With(zel::Init),
+            // The classic control never marked MaxLength changed; hosts that
+            // rely on the store's mark see the same. On load the default is
+            // what the control holds (255 on a new one).
+            Prop("MaxLength", &B::MaxLength, &B::SetMaxLength)
+                .Persist()
+                .Default(qint16(255))
+                .With(zel::Init | zel::NoMark | zel::CurrentDefault),
+            Prop("Decimals", &B::Decimals, &B::SetDecimals)
+                .Persist()
+                .Default(qint16(2))
+                .With(zel::Init),
+            // The text lives in the text box; it is written under the
+            // setting-text flag and never marked.
+            Prop("Text", &B::Text, &B::SetText).Persist().With(zel::NoMark),
+            Prop("Enabled", &B::Enabled, &B::SetEnabled).Persist().Default(true).With(zel::Init),
+            Prop("SpinButtons", &B::SpinButtons, &B::SetSpinButtons)
+                .Persist()
+                .Refreshes(RefreshLayout),
+            Prop("ValueMax", &B::ValueMax, &B::SetValueMax).Persist(),
+            Prop("ValueMin", &B::ValueMin, &B::SetValueMin).Persist(),
+            Prop("LimitValue", &B::LimitValue, &B::SetLimitValue).Persist(),
+            Prop("IllegalChars", &B::IllegalChars, &B::SetIllegalChars).Persist(),
+            // ReadOnly paints the background every time it is set, whatever
+            // it held: it is how a host brings back the window colour.
+            Prop("ReadOnly", &B::ReadOnly, &B::SetReadOnly).Persist().With(zel::Init | zel::Always),
+            Prop("Value", &B::Value, &B::SetValue).With(zel::NoMark),
+            Prop("FormatString", &B::FormatString),
+        });
+    return table;
 }
 
-void zelInputBox::SetMaxLength(const QVariant &v)
+void zelInputBox::SetMaxLength(qint16 v)
 {
-    zel::Trail t(this, "MaxLength Let");
-    t.Run([&] {
-        qint16 n = zel::CInt(v);
-        if (n < 0)
-            throw zelError(zelError::InvalidPropertyValue);
-        if (n == 0)
-            n = 255;
-        m_maxLength = n;
-        m_txtInput->setMaxLength(n);
-        // The classic control never marked MaxLength changed; hosts that
-        // rely on the store's mark see the same.
-    });
+    Let(
+        "MaxLength", m_maxLength,
+        [&] {
+            if (v < 0)
+                throw zelError(zelError::InvalidPropertyValue);
+            return v == 0 ? qint16(255) : v;
+        },
+        [&] { m_txtInput->setMaxLength(m_maxLength); });
 }
 
-void zelInputBox::SetDecimals(const QVariant &v)
+void zelInputBox::SetDecimals(qint16 v)
 {
-    zel::Trail t(this, "Decimals Let");
-    t.Run([&] {
-        qint16 d = zel::CInt(v);
-        if (d < 0)
-            throw zelError(zelError::InvalidPropertyValue);
-        if (d >= m_maxLength && m_maxLength >= 1)
-            d = qint16(m_maxLength - 1);
-        m_decimals = d;
-        // Read and write back, so that the text shows the new decimals.
-        const QVariant current = Value();
-        if (current.isValid())
-            SetValue(current);
-        MarkChanged(QStringLiteral("Decimals"));
-    });
+    Let(
+        "Decimals", m_decimals,
+        [&] {
+            if (v < 0)
+                throw zelError(zelError::InvalidPropertyValue);
+            return v >= m_maxLength && m_maxLength >= 1 ? qint16(m_maxLength - 1) : v;
+        },
+        [&] {
+            // Read and write back, so that the text shows the new decimals.
+            const QVariant current = Value();
+            if (current.isValid())
+                SetValue(current);
+        });
 }
 
-void zelInputBox::SetDataType(const QVariant &v)
+void zelInputBox::SetDataType(qint32 v)
 {
-    zel::Trail t(this, "DataType Let");
-    t.Run([&] {
-        qint32 type = zel::CLng(v);
-        switch (type) {
-        case 2:
-        case 3:
-            m_numeric = true;
-            m_decimals = 0;
-            break;
-        case 4:
-        case 5:
-            m_numeric = true;
-            break;
-        case 8:
-            m_numeric = false;
-            break;
-        default:
-            m_numeric = false;
-            zel::platform().MessageBox(
-                QStringLiteral("This control now only supports numbers and strings"),
-                QStringLiteral("Limited Data Type"), this);
-            type = 8;
-            break;
-        }
-        m_dataType = type;
-        m_txtInput->setAlignment((m_numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        MarkChanged(QStringLiteral("DataType"));
-        emit Changed();
-    });
+    Let(
+        "DataType", m_dataType,
+        [&] {
+            switch (v) {
+            case 2:
+            case 3:
+            case 4:
+            case 5:
+            case 8:
+                return v;
+            default:
+                zel::platform().MessageBox(
+                    QStringLiteral("This control now only supports numbers and strings"),
+                    QStringLiteral("Limited Data Type"), this);
+                return qint32(8);
+            }
+        },
+        [&] {
+            m_numeric = m_dataType != 8;
+            if (m_dataType == 2 || m_dataType == 3)
+                m_decimals = 0;
+            m_txtInput->setAlignment((m_numeric ? Qt::AlignRight : Qt::AlignLeft) |
+                                     Qt::AlignVCenter);
+            emit Changed();
+        });
 }
 
-void zelInputBox::SetSpinButtons(const QVariant &v)
+void zelInputBox::SetSpinButtons(bool v)
 {
-    zel::Trail t(this, "SpinButtons Let");
-    t.Run([&] {
-        m_spinButtons = zel::CBool(v);
-        MarkChanged(QStringLiteral("SpinButtons"));
-        LayoutFrame();
-    });
+    Let("SpinButtons", m_spinButtons, v);
 }
 
-void zelInputBox::SetValueMax(const QVariant &v)
+void zelInputBox::SetValueMax(double v)
 {
-    zel::Trail t(this, "ValueMax Let");
-    t.Run([&] {
-        m_valueMax = zel::CDbl(v);
-        MarkChanged(QStringLiteral("ValueMax"));
-    });
+    Let("ValueMax", m_valueMax, v);
 }
 
-void zelInputBox::SetValueMin(const QVariant &v)
+void zelInputBox::SetValueMin(double v)
 {
-    zel::Trail t(this, "ValueMin Let");
-    t.Run([&] {
-        m_valueMin = zel::CDbl(v);
-        MarkChanged(QStringLiteral("ValueMin"));
-    });
+    Let("ValueMin", m_valueMin, v);
 }
 
 void zelInputBox::SetIllegalChars(const QString &v)
 {
-    zel::Trail t(this, "IllegalChars Let");
-    t.Run([&] {
-        m_illegalChars = v;
-        MarkChanged(QStringLiteral("IllegalChars"));
-    });
+    Let("IllegalChars", m_illegalChars, v);
 }
 
-void zelInputBox::SetLimitValue(const QVariant &v)
+void zelInputBox::SetLimitValue(bool v)
 {
-    zel::Trail t(this, "LimitValue Let");
-    t.Run([&] {
-        m_limitValue = zel::CBool(v);
-        MarkChanged(QStringLiteral("LimitValue"));
-    });
+    Let("LimitValue", m_limitValue, v);
 }
 
 QString zelInputBox::FormatString() const
@@ -225,13 +224,14 @@ void zelInputBox::writeText(const QString &text)
 
 void zelInputBox::SetValue(const QVariant &v)
 {
-    zel::Trail t(this, "Value Let");
-    t.Run([&] {
-        if (m_numeric)
-            writeText(zel::FormatFixed(zel::RoundTo(zel::CDbl(v), m_decimals), m_decimals));
-        else
-            writeText(zel::CStr(v));
-    });
+    QString text = m_txtInput->text();
+    Let(
+        "Value", text,
+        [&] {
+            return m_numeric ? zel::FormatFixed(zel::RoundTo(zel::CDbl(v), m_decimals), m_decimals)
+                             : zel::CStr(v);
+        },
+        [&] { writeText(text); });
 }
 
 QString zelInputBox::Text() const
@@ -241,41 +241,40 @@ QString zelInputBox::Text() const
 
 void zelInputBox::SetText(const QString &v)
 {
-    zel::Trail t(this, "Text Let");
-    t.Run([&] { writeText(v); });
+    QString text = m_txtInput->text();
+    LetThen("Text", text, v, [&] { writeText(text); });
 }
 
 void zelInputBox::applyColours()
 {
-    PaintInput(m_txtInput, m_enabled, !m_enabled || m_readOnly);
+    PaintInput(m_txtInput, m_enabled, m_faceBackground);
 }
 
-void zelInputBox::SetEnabled(const QVariant &v)
+void zelInputBox::SetEnabled(bool v)
 {
-    zel::Trail t(this, "Enabled Let");
-    t.Run([&] {
-        m_enabled = zel::CBool(v);
+    LetThen("Enabled", m_enabled, v, [&] {
         m_txtInput->setEnabled(m_enabled);
+        m_faceBackground = !m_enabled;
         applyColours();
         if (m_enabled)
-            SetReadOnly(m_readOnly);
-        MarkChanged(QStringLiteral("Enabled"));
+            applyReadOnly();
     });
 }
 
-void zelInputBox::SetReadOnly(const QVariant &v)
+void zelInputBox::SetReadOnly(bool v)
 {
-    zel::Trail t(this, "ReadOnly Let");
-    t.Run([&] {
-        m_readOnly = zel::CBool(v);
-        m_txtInput->setReadOnly(m_readOnly);
-        // A read-only field leaves the tab order; clicking still reaches it,
-        // so its text can be selected and copied.
-        const bool tabStop = m_readOnly ? false : m_enabled;
-        m_txtInput->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
-        applyColours();
-        MarkChanged(QStringLiteral("ReadOnly"));
-    });
+    LetThen("ReadOnly", m_readOnly, v, [&] { applyReadOnly(); });
+}
+
+void zelInputBox::applyReadOnly()
+{
+    m_txtInput->setReadOnly(m_readOnly);
+    // A read-only field leaves the tab order; clicking still reaches it,
+    // so its text can be selected and copied.
+    const bool tabStop = m_readOnly ? false : m_enabled;
+    m_txtInput->setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
+    m_faceBackground = m_readOnly;
+    applyColours();
 }
 
 void zelInputBox::txtInput_KeyPress(qint16 &KeyAscii)
@@ -395,43 +394,4 @@ bool zelInputBox::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     return zelLabelledField::eventFilter(watched, event);
-}
-
-void zelInputBox::ReadProperties(zelPropertyBag &bag)
-{
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Run([&] {
-        ReadFrameProperties(bag, FrameKeys::Long);
-        zel::PropertyReader r(bag, this);
-        SetDataType(r.Long(QStringLiteral("DataType"), 5));
-        SetMaxLength(r.Int(QStringLiteral("MaxLength"), m_maxLength));
-        SetDecimals(r.Int(QStringLiteral("Decimals"), 2));
-        SetText(r.String(QStringLiteral("Text"), QString()));
-        SetEnabled(r.Bool(QStringLiteral("Enabled"), true));
-        SetSpinButtons(r.Bool(QStringLiteral("SpinButtons"), false));
-        SetValueMax(r.Double(QStringLiteral("ValueMax"), 0.0));
-        SetValueMin(r.Double(QStringLiteral("ValueMin"), 0.0));
-        SetLimitValue(r.Bool(QStringLiteral("LimitValue"), false));
-        SetIllegalChars(r.String(QStringLiteral("IllegalChars"), QString()));
-        SetReadOnly(r.Bool(QStringLiteral("ReadOnly"), false));
-    });
-}
-
-void zelInputBox::WriteProperties(zelPropertyBag &bag) const
-{
-    zel::Trail t(this, "UserControl_WriteProperties");
-    t.Run([&] {
-        WriteFrameProperties(bag, FrameKeys::Long);
-        bag.WriteProperty(QStringLiteral("DataType"), m_dataType, 5);
-        bag.WriteProperty(QStringLiteral("MaxLength"), m_maxLength, 255);
-        bag.WriteProperty(QStringLiteral("Decimals"), m_decimals, 2);
-        bag.WriteProperty(QStringLiteral("Text"), m_txtInput->text(), QString());
-        bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
-        bag.WriteProperty(QStringLiteral("SpinButtons"), m_spinButtons, false);
-        bag.WriteProperty(QStringLiteral("ValueMax"), m_valueMax, 0.0);
-        bag.WriteProperty(QStringLiteral("ValueMin"), m_valueMin, 0.0);
-        bag.WriteProperty(QStringLiteral("LimitValue"), m_limitValue, false);
-        bag.WriteProperty(QStringLiteral("IllegalChars"), m_illegalChars, QString());
-        bag.WriteProperty(QStringLiteral("ReadOnly"), m_readOnly, false);
-    });
 }

@@ -39,28 +39,36 @@ public:
 
     // Most characters the field takes. By default 255; 0 also means 255.
     qint16 MaxLength() const { return m_maxLength; }
-    void SetMaxLength(const QVariant &v);
+    void SetMaxLength(qint16 v);
+    ZEL_LATE_BOUND(MaxLength)
     // By default false.
     bool ReadOnly() const { return m_readOnly; }
-    void SetReadOnly(const QVariant &v);
+    void SetReadOnly(bool v);
+    ZEL_LATE_BOUND(ReadOnly)
     // Decimals shown for numbers; by default 2. Kept below MaxLength.
     qint16 Decimals() const { return m_decimals; }
-    void SetDecimals(const QVariant &v);
+    void SetDecimals(qint16 v);
+    ZEL_LATE_BOUND(Decimals)
     // 2 integer, 3 long, 4 single, 5 double (the default), 8 string.
     qint32 DataType() const { return m_dataType; }
-    void SetDataType(const QVariant &v);
+    void SetDataType(qint32 v);
+    ZEL_LATE_BOUND(DataType)
     bool SpinButtons() const { return m_spinButtons; }
-    void SetSpinButtons(const QVariant &v);
+    void SetSpinButtons(bool v);
+    ZEL_LATE_BOUND(SpinButtons)
     double ValueMax() const { return m_valueMax; }
-    void SetValueMax(const QVariant &v);
+    void SetValueMax(double v);
+    ZEL_LATE_BOUND(ValueMax)
     double ValueMin() const { return m_valueMin; }
-    void SetValueMin(const QVariant &v);
+    void SetValueMin(double v);
+    ZEL_LATE_BOUND(ValueMin)
     // Characters that are refused when typed; by default none.
     QString IllegalChars() const { return m_illegalChars; }
     void SetIllegalChars(const QString &v);
     // Enforce ValueMin..ValueMax; by default false.
     bool LimitValue() const { return m_limitValue; }
-    void SetLimitValue(const QVariant &v);
+    void SetLimitValue(bool v);
+    ZEL_LATE_BOUND(LimitValue)
     // The text for text fields; for numbers the leading number of the text,
     // kept within the range when LimitValue is on, as the data type.
     QVariant Value() const;
@@ -69,15 +77,15 @@ public:
     void SetText(const QString &v);
     // By default true.
     bool Enabled() const { return m_enabled; }
-    void SetEnabled(const QVariant &v);
+    void SetEnabled(bool v);
+    ZEL_LATE_BOUND(Enabled)
     // "" for text, "0" for whole numbers, "0.00" for 2 decimals.
     QString FormatString() const;
 
     bool IsNumeric() const { return m_numeric; }
 
-    Q_INVOKABLE void InitProperties() override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
+    Q_INVOKABLE void InitProperties() override { zelLabelledField::InitProperties(); }
+    const zel::zelPropertyTable &Properties() const override;
 
 signals:
     // The user changed the text (not raised while the control writes it).
@@ -99,6 +107,7 @@ private:
     bool txtInput_Validate();
     void txtInput_LostFocus();
     void applyColours();
+    void applyReadOnly();
     void writeText(const QString &text);
 
     QLineEdit *m_txtInput = nullptr;
@@ -113,6 +122,8 @@ private:
     QString m_illegalChars;
     bool m_enabled = true;
     bool m_readOnly = false;
+    // The background follows whichever of Enabled and ReadOnly was set last.
+    bool m_faceBackground = false;
     bool m_settingText = false;
     bool m_validating = false;
 };
