@@ -301,6 +301,13 @@ private slots:
         box.SetReadOnly(false);
         QCOMPARE(base(), zel::ToQColor(zel::SysWindowBackground));
         QCOMPARE(input(box)->focusPolicy(), Qt::StrongFocus);
+        // A host that takes ReadOnly off a disabled box gets the window
+        // colour back, though the box stays disabled.
+        box.SetEnabled(false);
+        box.SetReadOnly(false);
+        QCOMPARE(base(), zel::ToQColor(zel::SysWindowBackground));
+        QCOMPARE(input(box)->palette().color(QPalette::Text), zel::ToQColor(zel::SysGrayText));
+        QCOMPARE(input(box)->focusPolicy(), Qt::ClickFocus);
     }
 
     void persistenceRoundTrip()
