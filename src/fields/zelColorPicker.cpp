@@ -1,7 +1,6 @@
 #include "fields/zelColorPicker.h"
 
 #include "core/zelConvert.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPlatform.h"
@@ -13,9 +12,7 @@
 #include <QPainter>
 #include <QPalette>
 
-#include <cmath>
 #include <functional>
-#include <limits>
 
 ZEL_REGISTER_PROGID(zelColorPicker);
 
@@ -42,27 +39,6 @@ protected:
     }
 };
 
-// A colour value as the host may give it: a number (negative 32-bit numbers
-// are the classic form of the system colours 0x8000000x) or a QColor.
-quint32 toColour(const QVariant &v)
-{
-    if (v.metaType().id() == QMetaType::QColor) {
-        const QColor c = v.value<QColor>();
-        if (!c.isValid())
-            throw zelError(zelError::InvalidPropertyValue);
-        return zel::FromQColor(c);
-    }
-    const double r = std::nearbyint(zel::CDbl(v));
-    if (!std::isfinite(r) || r < double(std::numeric_limits<qint32>::min()) ||
-        r > double(std::numeric_limits<quint32>::max()))
-        throw zelError(zelError::Overflow);
-    const quint32 colour = r < 0 ? quint32(qint32(r)) : quint32(r);
-    const quint32 high = colour & 0xFF000000u;
-    if (high != 0 && high != 0x80000000u)
-        throw zelError(zelError::InvalidPropertyValue);
-    return colour;
-}
-
 } // namespace
 
 zelColorPicker::zelColorPicker(QWidget *parent) : QWidget(parent)
@@ -88,10 +64,19 @@ QSize zelColorPicker::sizeHint() const
     return QSize(zel::TwipsToPixels(495), zel::TwipsToPixels(315));
 }
 
-void zelColorPicker::InitProperties()
+const zel::zelPropertyTable &zelColorPicker::Properties() const
 {
-    zel::Trail t(this, "UserControl_InitProperties");
-    t.Run([&] { SetBackColor(0); });
+    using P = zelColorPicker;
+    using zel::Prop;
+    static const zel::zelPropertyTable table({
+        Prop("BackColor", &P::BackColor, &P::SetBackColor)
+            .Persist()
+            .Default(quint32(0))
+            .With(zel::Init),
+        // The control's own state, neither persisted nor marked.
+        Prop("Enabled", &P::Enabled, &P::SetEnabled).Default(true).With(zel::NoMark),
+    });
+    return table;
 }
 
 void zelColorPicker::paintSwatch(quint32 colour)
@@ -103,16 +88,13 @@ void zelColorPicker::paintSwatch(quint32 colour)
     m_picture1->update();
 }
 
-void zelColorPicker::SetBackColor(const QVariant &v)
+void zelColorPicker::SetBackColor(quint32 v)
 {
-    zel::Trail t(this, "BackColor Let");
-    t.Run([&] {
-        m_colour = toColour(v);
+    Let(
+        "BackColor", m_colour, [&] { return zel::CColour(QVariant::fromValue(v)); },
         // Painted at once, also while disabled: the button face is the
         // Enabled setter's way of showing the disabled state.
-        paintSwatch(m_colour);
-        emit PropertyChanged(QStringLiteral("BackColor"));
-    });
+        [&] { paintSwatch(m_colour); });
 }
 
 bool zelColorPicker::Enabled() const
@@ -120,11 +102,10 @@ bool zelColorPicker::Enabled() const
     return !testAttribute(Qt::WA_ForceDisabled);
 }
 
-void zelColorPicker::SetEnabled(const QVariant &v)
+void zelColorPicker::SetEnabled(bool v)
 {
-    zel::Trail t(this, "Enabled Let");
-    t.Run([&] {
-        const bool enabled = zel::CBool(v);
+    bool enabled = Enabled();
+    LetThen("Enabled", enabled, v, [&] {
         setEnabled(enabled);
         paintSwatch(enabled ? m_colour : zel::SysButtonFace);
     });
@@ -193,19 +174,4 @@ bool zelColorPicker::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void zelColorPicker::ReadProperties(zelPropertyBag &bag)
-{
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Run([&] {
-        zel::PropertyReader r(bag, this);
-        SetBackColor(r.Raw(QStringLiteral("BackColor"), 0));
-    });
-}
-
-void zelColorPicker::WriteProperties(zelPropertyBag &bag) const
-{
-    zel::Trail t(this, "UserControl_WriteProperties");
-    t.Run([&] { bag.WriteProperty(QStringLiteral("BackColor"), m_colour, 0); });
 }

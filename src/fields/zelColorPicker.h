@@ -6,14 +6,14 @@
 // and raises Click, also when it is the colour already shown; a cancelled
 // dialog leaves the colour as it was and raises nothing.
 
-#include "platform/zelPropertyBag.h"
+#include "core/zelProperties.h"
 
 #include <QVariant>
 #include <QWidget>
 
 class QFrame;
 
-class zelColorPicker : public QWidget, public zelPersistable
+class zelColorPicker : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.BackColor", "0x68030000")
@@ -33,19 +33,20 @@ public:
     // (the classic form of a system colour) or a QColor; other values are
     // refused with a logged error and the colour stays.
     quint32 BackColor() const { return m_colour; }
-    void SetBackColor(const QVariant &v);
+    void SetBackColor(quint32 v);
+    ZEL_LATE_BOUND(BackColor)
     // The control's own enabled state; by default true. Disabling paints the
     // swatch with the button face (a BackColor written while disabled shows
     // at once); BackColor still answers the chosen colour.
     bool Enabled() const;
-    void SetEnabled(const QVariant &v);
+    void SetEnabled(bool v);
+    ZEL_LATE_BOUND(Enabled)
 
     // The colour the swatch shows at present.
     quint32 ShownColor() const { return m_shown; }
 
-    Q_INVOKABLE void InitProperties() override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
+    Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    const zel::zelPropertyTable &Properties() const override;
 
     QSize sizeHint() const override;
 
@@ -56,6 +57,9 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
+    const QObject *PropertyOwner() const override { return this; }
+    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

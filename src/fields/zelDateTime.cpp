@@ -2,7 +2,6 @@
 
 #include "core/zelConvert.h"
 #include "core/zelKeys.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "fields/zelOleDate.h"
 #include "platform/zelObjectFactory.h"
@@ -20,6 +19,7 @@
 #include <QStyleOptionComboBox>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 ZEL_REGISTER_PROGID(zelDateTime);
@@ -143,14 +143,66 @@ zelDateTime::zelDateTime(QWidget *parent)
 
 zelDateTime::~zelDateTime() = default;
 
-void zelDateTime::InitProperties()
+namespace {
+
+// Puts entries into a base class's list right behind the entry named after,
+// so that a table keeps the load order of the stored keys.
+void insertAfter(std::vector<zel::zelPropertyDecl> &entries, const char *after,
+                 std::initializer_list<zel::zelPropertyDecl> own)
 {
-    zel::Trail t(this, "UserControl_InitProperties");
-    t.Run([&] {
-        m_dataType = 7;
-        SetTimeInput(false);
-        SetEnabled(true);
+    auto it = std::find_if(entries.begin(), entries.end(), [&](const zel::zelPropertyDecl &d) {
+        return qstrcmp(d.Name, after) == 0;
     });
+    Q_ASSERT(it != entries.end());
+    entries.insert(it + 1, own.begin(), own.end());
+}
+
+} // namespace
+
+const zel::zelPropertyTable &zelDateTime::Properties() const
+{
+    using D = zelDateTime;
+    using zel::Prop;
+    static const zel::zelPropertyTable table = [] {
+        std::vector<zel::zelPropertyDecl> entries = FrameProperties(FrameKeys::Short);
+        // A stored type other than a date is the refused type of an earlier
+        // session: it loads as 8 without asking again or raising Changed.
+        // Not set by InitProperties: a new field holds 7 already, and the
+        // setter raises Changed on every write.
+        insertAfter(entries, "SuffixBold",
+                    {Prop("DataType", &D::DataType, &D::SetDataType)
+                         .Persist()
+                         .Default(qint32(7))
+                         .With(zel::Always | zel::StoreOnLoad)});
+        insertAfter(
+            entries, "Margin",
+            {Prop("Text", &D::Text, &D::SetText).Persist(),
+             Prop("Enabled", &D::Enabled, &D::SetEnabled).Persist().Default(true).With(zel::Init)});
+        return zel::zelPropertyTable(
+            entries, {
+                         Prop("TimeInput", &D::TimeInput, &D::SetTimeInput)
+                             .Persist()
+                             .With(zel::Init)
+                             .Refreshes(RefreshMode | RefreshLayout),
+                         Prop("Value", &D::Value, &D::SetValue).With(zel::NoMark),
+                         Prop("Changed", &D::GetChanged, &D::SetChanged).With(zel::NoMark),
+                         // Written for older hosts, with no default so that it is
+                         // always there; never read back.
+                         Prop("CalendarMonths", &D::calendarMonths)
+                             .Persist()
+                             .StoredAs(zel::Kind::Variant)
+                             .Default(QVariant())
+                             .With(zel::WriteOnly),
+                     });
+    }();
+    return table;
+}
+
+void zelDateTime::Refresh(quint32 what)
+{
+    if (what & RefreshMode)
+        applyMode();
+    zelLabelledField::Refresh(what);
 }
 
 void zelDateTime::setPicker(const QDateTime &dt)
@@ -182,7 +234,9 @@ void zelDateTime::applyMode()
     // keeps the whole range in either mode.
     m_pvDate->setDateTimeRange(pickerMin, pickerMax);
     m_pvDate->setDateTime(keep);
-    m_pvDate->setEnabled(m_enabled);
+    // Time mode switches the picker on, also in a disabled field; in date
+    // mode the picker follows Enabled, as the text box does.
+    m_pvDate->setEnabled(m_timeInput || m_enabled);
     m_pvDate->setFocusPolicy(m_timeInput ? Qt::StrongFocus : Qt::NoFocus);
     m_txtInput->setVisible(!m_timeInput);
     SetInputWidget(m_timeInput ? static_cast<QWidget *>(m_pvDate) : m_txtInput);
@@ -228,15 +282,12 @@ void zelDateTime::applyColours()
     PaintInput(m_pvDate, m_enabled, !m_enabled);
 }
 
-void zelDateTime::SetEnabled(const QVariant &v)
+void zelDateTime::SetEnabled(bool v)
 {
-    zel::Trail t(this, "Enabled Let");
-    t.Run([&] {
-        m_enabled = zel::CBool(v);
+    LetThen("Enabled", m_enabled, v, [&] {
         m_txtInput->setEnabled(m_enabled);
         m_pvDate->setEnabled(m_enabled);
         applyColours();
-        MarkChanged(QStringLiteral("Enabled"));
     });
 }
 
@@ -247,11 +298,8 @@ QString zelDateTime::Text() const
 
 void zelDateTime::SetText(const QString &v)
 {
-    zel::Trail t(this, "Text Let");
-    t.Run([&] {
-        writeText(v);
-        MarkChanged(QStringLiteral("Text"));
-    });
+    QString text = m_txtInput->text();
+    LetThen("Text", text, v, [&] { writeText(text); });
 }
 
 bool zelDateTime::IsValidDate(const QString &text, QDateTime *date) const
@@ -287,75 +335,86 @@ QVariant zelDateTime::Value() const
     return result;
 }
 
+namespace {
+
+// What the Value setter writes: the text box's text and the picker's value.
+struct zelDateShown
+{
+    QString Text;
+    QDateTime Picker;
+
+    bool operator==(const zelDateShown &) const = default;
+};
+
+} // namespace
+
 void zelDateTime::SetValue(const QVariant &v)
 {
-    zel::Trail t(this, "Value Let");
-    t.Run([&] {
-        const bool empty =
-            !v.isValid() || v.isNull() ||
-            (v.metaType().id() == QMetaType::QString && v.toString().trimmed().isEmpty());
-        if (empty) {
-            setPicker(QDateTime::currentDateTime());
-            writeText(QString());
-            return;
-        }
-        if (m_timeInput) {
-            setPicker(zel::ToDateTime(v));
-            return;
-        }
-        // Whatever the host passes is judged as a date: a value that is no
-        // date at all counts as invalid rather than failing.
-        QDateTime d;
-        bool valid = false;
-        try {
-            d = zel::ToDateTime(v);
-            valid = d > QDateTime(QDate(1950, 1, 1), QTime(0, 0));
-        } catch (const zelError &) {
-            valid = false;
-        }
-        if (valid) {
-            writeText(zel::ShortDateText(d.date()));
-            setPicker(QDateTime(d.date(), m_pvDate->time()));
-        } else {
-            writeText(QString());
-            setPicker(QDateTime(QDate::currentDate(), m_pvDate->time()));
-        }
-    });
+    zelDateShown shown{m_txtInput->text(), m_pvDate->dateTime()};
+    Let(
+        "Value", shown,
+        [&] {
+            zelDateShown next = shown;
+            const bool empty =
+                !v.isValid() || v.isNull() ||
+                (v.metaType().id() == QMetaType::QString && v.toString().trimmed().isEmpty());
+            if (empty) {
+                next.Text.clear();
+                next.Picker = QDateTime::currentDateTime();
+                return next;
+            }
+            if (m_timeInput) {
+                next.Picker = zel::ToDateTime(v);
+                return next;
+            }
+            // Whatever the host passes is judged as a date: a value that is no
+            // date at all counts as invalid rather than failing.
+            QDateTime d;
+            bool valid = false;
+            try {
+                d = zel::ToDateTime(v);
+                valid = d > QDateTime(QDate(1950, 1, 1), QTime(0, 0));
+            } catch (const zelError &) {
+                valid = false;
+            }
+            next.Text = valid ? zel::ShortDateText(d.date()) : QString();
+            next.Picker = QDateTime(valid ? d.date() : QDate::currentDate(), m_pvDate->time());
+            return next;
+        },
+        [&] {
+            // Only what differs is written: a text written again would lose
+            // the user's cursor and selection.
+            if (shown.Text != m_txtInput->text())
+                writeText(shown.Text);
+            if (shown.Picker != m_pvDate->dateTime())
+                setPicker(shown.Picker);
+        });
 }
 
-void zelDateTime::SetTimeInput(const QVariant &v)
+void zelDateTime::SetTimeInput(bool v)
 {
-    zel::Trail t(this, "TimeInput Let");
-    t.Run([&] {
-        m_timeInput = zel::CBool(v);
-        applyMode();
-        MarkChanged(QStringLiteral("TimeInput"));
-        LayoutFrame();
-    });
+    Let("TimeInput", m_timeInput, v);
 }
 
-void zelDateTime::SetDataType(const QVariant &v)
+void zelDateTime::SetDataType(qint32 v)
 {
-    zel::Trail t(this, "DataType Let");
-    t.Run([&] {
-        const qint32 type = zel::CLng(v);
-        if (type == 7) {
-            m_dataType = 7;
-        } else {
-            zel::platform().MessageBox(QStringLiteral("This control only supports dates"),
-                                       QStringLiteral("Limited Data Type"), this);
-            // The refused type falls back to the string type, not to dates.
-            m_dataType = 8;
-        }
-        MarkChanged(QStringLiteral("DataType"));
-        emit Changed();
-    });
+    Let(
+        "DataType", m_dataType,
+        // The refused type falls back to the string type, not to dates.
+        [&] { return v == 7 ? qint32(7) : qint32(8); },
+        [&] {
+            // Asked once the type is stored rather than before, so that a
+            // load, which only stores it, does not ask again.
+            if (v != 7)
+                zel::platform().MessageBox(QStringLiteral("This control only supports dates"),
+                                           QStringLiteral("Limited Data Type"), this);
+            emit Changed();
+        });
 }
 
-void zelDateTime::SetChanged(const QVariant &v)
+void zelDateTime::SetChanged(bool v)
 {
-    zel::Trail t(this, "Changed Let");
-    t.Run([&] { m_changed = zel::CBool(v); });
+    Let("Changed", m_changed, v);
 }
 
 void zelDateTime::pvDate_Change()
@@ -513,40 +572,4 @@ bool zelDateTime::eventFilter(QObject *watched, QEvent *event)
             filterPickerKeyUp(static_cast<QKeyEvent *>(event));
     }
     return zelLabelledField::eventFilter(watched, event);
-}
-
-const zel::zelPropertyTable &zelDateTime::Properties() const
-{
-    static const zel::zelPropertyTable table(FrameProperties(FrameKeys::Short), {});
-    return table;
-}
-
-void zelDateTime::ReadProperties(zelPropertyBag &bag)
-{
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Run([&] {
-        ReadEntries(bag, FrameProperties(FrameKeys::Short));
-        zel::PropertyReader r(bag, this);
-        // A stored type other than a date is the refused type of an earlier
-        // session: it loads as 8 without asking again.
-        m_dataType = r.Long(QStringLiteral("DataType"), 7) == 7 ? 7 : 8;
-        writeText(r.String(QStringLiteral("Text"), QString()));
-        SetEnabled(r.Bool(QStringLiteral("Enabled"), true));
-        SetTimeInput(r.Bool(QStringLiteral("TimeInput"), false));
-        // "CalendarMonths" is written for older hosts and never read.
-    });
-}
-
-void zelDateTime::WriteProperties(zelPropertyBag &bag) const
-{
-    zel::Trail t(this, "UserControl_WriteProperties");
-    t.Run([&] {
-        WriteEntries(bag, FrameProperties(FrameKeys::Short));
-        bag.WriteProperty(QStringLiteral("DataType"), m_dataType, 7);
-        bag.WriteProperty(QStringLiteral("Text"), m_txtInput->text(), QString());
-        bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
-        bag.WriteProperty(QStringLiteral("TimeInput"), m_timeInput, false);
-        bag.WriteProperty(QStringLiteral("CalendarMonths"), QVariant::fromValue(m_calendarMonths),
-                          QVariant());
-    });
 }

@@ -121,9 +121,11 @@ public:
     ~zelDateTime() override;
 
     // By default true. Disabled, both input widgets show the button face
-    // and grey text.
+    // and grey text. Time mode switches the picker on again whatever Enabled
+    // holds, so a field loaded disabled in time mode keeps a working picker.
     bool Enabled() const { return m_enabled; }
-    void SetEnabled(const QVariant &v);
+    void SetEnabled(bool v);
+    ZEL_LATE_BOUND(Enabled)
     // The text box's text, as typed or written; the host's writes are not
     // checked.
     QString Text() const;
@@ -136,20 +138,21 @@ public:
     void SetValue(const QVariant &v);
     // By default false (date mode).
     bool TimeInput() const { return m_timeInput; }
-    void SetTimeInput(const QVariant &v);
+    void SetTimeInput(bool v);
+    ZEL_LATE_BOUND(TimeInput)
     // 7 (date), the default. Any other type is refused with a message and
-    // stored as 8.
+    // stored as 8. Every write raises Changed, also of the type held.
     qint32 DataType() const { return m_dataType; }
-    void SetDataType(const QVariant &v);
+    void SetDataType(qint32 v);
+    ZEL_LATE_BOUND(DataType)
     // Set when the user changes the date or time in the picker; the host
     // reads and clears it. By default false.
     bool GetChanged() const { return m_changed; }
-    void SetChanged(const QVariant &v);
+    void SetChanged(bool v);
+    ZEL_LATE_BOUND(Changed)
 
-    Q_INVOKABLE void InitProperties() override;
+    Q_INVOKABLE void InitProperties() override { zelLabelledField::InitProperties(); }
     const zel::zelPropertyTable &Properties() const override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
 
 signals:
     // The user changed the picker (not raised while the control writes it),
@@ -168,8 +171,13 @@ signals:
 protected:
     void PlaceInput(const QRect &twips) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void Refresh(quint32 what) override;
 
 private:
+    // What a change refreshes besides the frame's layout: the picker's
+    // format and whether the text box shows.
+    static constexpr quint32 RefreshMode = RefreshOwn;
+
     void txtInput_KeyPress(qint16 &KeyAscii);
     void txtInput_GotFocus();
     void txtInput_Change();
@@ -178,6 +186,7 @@ private:
     void pvDate_KeyDown(qint16 &KeyCode, qint16 &Shift);
     void pvDate_KeyUp(qint16 &KeyCode, qint16 &Shift);
     bool IsValidDate(const QString &text, QDateTime *date = nullptr) const;
+    qint16 calendarMonths() const { return m_calendarMonths; }
     void applyMode();
     void applyColours();
     void setPicker(const QDateTime &dt);

@@ -438,6 +438,75 @@ private slots:
         }
     }
 
+    void timeInputSwitchesPickerOnAfterLoad_data()
+    {
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<bool>("timeInput");
+        QTest::addColumn<bool>("pickerOn");
+        // Enabled loads before TimeInput, and time mode switches the picker on.
+        QTest::newRow("disabled time field") << false << true << true;
+        QTest::newRow("disabled date field") << false << false << false;
+        QTest::newRow("enabled time field") << true << true << true;
+    }
+
+    void timeInputSwitchesPickerOnAfterLoad()
+    {
+        QFETCH(bool, enabled);
+        QFETCH(bool, timeInput);
+        QFETCH(bool, pickerOn);
+        zelTestScope scope;
+        zelMemoryPropertyBag bag;
+        bag.SetValue(QStringLiteral("Enabled"), enabled);
+        bag.SetValue(QStringLiteral("TimeInput"), timeInput);
+        auto f = makeField();
+        f->ReadProperties(bag);
+        QCOMPARE(f->Enabled(), enabled);
+        QCOMPARE(f->TimeInput(), timeInput);
+        QCOMPARE(picker(*f)->isEnabled(), pickerOn);
+        QCOMPARE(textBox(*f)->isEnabled(), enabled);
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
+
+    void frameKeysStoredWidths_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("written"); // invalid: refused with error 6, not written
+        QTest::newRow("PrefixAlignment 32-bit")
+            << "PrefixAlignment" << QVariant(2) << QVariant::fromValue(qint32(2));
+        QTest::newRow("SuffixAlignment 32-bit")
+            << "SuffixAlignment" << QVariant(2) << QVariant::fromValue(qint32(2));
+        QTest::newRow("Margin 16-bit")
+            << "Margin" << QVariant(90) << QVariant::fromValue(qint16(90));
+        QTest::newRow("Margin beyond 16 bits") << "Margin" << QVariant(40000) << QVariant();
+    }
+
+    void frameKeysStoredWidths()
+    {
+        QFETCH(QString, key);
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, written);
+        zelTestScope scope;
+        auto f = makeField();
+        f->SetPrefix(QStringLiteral("Datum"));
+        QVERIFY(zel::SetProperty(f.get(), key, value));
+        zelMemoryPropertyBag bag;
+        f->WriteProperties(bag);
+        QCOMPARE(bag.Value(QStringLiteral("Prefix")).toString(), QStringLiteral("Datum"));
+        if (!written.isValid()) {
+            QVERIFY(!bag.Contains(key));
+            QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.UserControl_WriteProperties")), 1);
+            QCOMPARE(zelCaptureLogger::errors.at(0).at(3).toInt(), int(zelError::Overflow));
+            return;
+        }
+        QCOMPARE(bag.Value(key).metaType(), written.metaType());
+        QCOMPARE(bag.Value(key), written);
+        auto g = makeField();
+        g->ReadProperties(bag);
+        QCOMPARE(zel::GetProperty(g.get(), key).toInt(), value.toInt());
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
+
     void focusEntrySelectsAll()
     {
         zelTestScope scope;
