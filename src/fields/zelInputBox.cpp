@@ -67,10 +67,11 @@ const zel::zelPropertyTable &zelInputBox::Properties() const
     static const zel::zelPropertyTable table(
         FrameProperties(FrameKeys::Long),
         {
+            // DataType raises Changed on every write, as a host expects.
             Prop("DataType", &B::DataType, &B::SetDataType)
                 .Persist()
                 .Default(qint32(5))
-                .With(zel::Init),
+                .With(zel::Init | zel::Always),
             // The classic control never marked MaxLength changed; hosts that
             // rely on the store's mark see the same. On load the default is
             // what the control holds (255 on a new one).
