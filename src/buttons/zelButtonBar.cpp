@@ -195,8 +195,7 @@ void zelButtonBar::SetLanguage(const QString &v)
             const QString language = v.isEmpty() ? QStringLiteral("English") : v;
             // The language held, in other letters, is no change: the spelling
             // first set stays.
-            return language.compare(m_language, Qt::CaseInsensitive) == 0 ? m_language
-                                                                           : language;
+            return language.compare(m_language, Qt::CaseInsensitive) == 0 ? m_language : language;
         },
         [] {});
 }

@@ -34,7 +34,7 @@ const zel::zelPropertyTable &zelStdButtons::BarProperties() const
     using B = zelStdButtons;
     using zel::Prop;
     static const zel::zelPropertyTable table(
-        SharedProperties(),
+        SharedProperties(), // the sizes and bit sets first
         {
             Prop("OKasClose", &B::OKasClose, &B::SetOKasClose)
                 .Persist()
