@@ -132,9 +132,10 @@ zel::zelPropertyDecl zelButtonBar::LanguageProperty()
 {
     using B = zelButtonBar;
     // Read last, after any stored width: the language writes its own width
-    // (1080 or 1200) without marking ButtonWidth, so a German bar comes up
-    // with buttons 1200 wide and an English one 1080, whatever width was
-    // stored; only another language keeps the stored width. The classic
+    // (1080 or 1200) without marking ButtonWidth, and a new bar holds no
+    // language, so the one loaded always takes effect. A German bar thus
+    // comes up with buttons 1200 wide and an English one 1080, whatever width
+    // was stored; only another language keeps the stored width. The classic
     // setter never marked Language itself either.
     return zel::Prop("Language", &B::Language, &B::SetLanguage)
         .Persist()
