@@ -1,7 +1,6 @@
 #include "buttons/zelButtonBar.h"
 
 #include "core/zelConvert.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelTrail.h"
 #include "platform/zelPlatform.h"
 
@@ -63,9 +62,8 @@ zelBarLanguage zelClassifyLanguage(const QString &language)
 namespace {
 
 // A button size in twips as the setters take it.
-qint32 buttonSize(const QVariant &v)
+qint32 buttonSize(qint32 n)
 {
-    const qint32 n = zel::CLng(v);
     if (n < 0 || n > zelBarMaxButtonSize)
         throw zelError(zelError::InvalidPropertyValue);
     return n;
@@ -81,8 +79,6 @@ QPixmap loadPictureFile(const QString &fileName)
     return pm;
 }
 
-// The rectangle in pixels whose edges are the twips edges converted, so
-// that neighbouring buttons keep their gap whatever the rounding.
 } // namespace
 
 zelButtonBar::zelButtonBar(const zelButtonBarKind &kind, QWidget *parent)
@@ -97,21 +93,82 @@ zelButtonBar::zelButtonBar(const zelButtonBarKind &kind, QWidget *parent)
         connect(b, &QPushButton::clicked, this, [this, slot] { buttonClicked(slot); });
         m_buttons[size_t(slot)] = b;
     }
-    // A new bar reads in English until a host or its store says otherwise.
-    SetLanguage(QStringLiteral("English"));
-}
-
-void zelButtonBar::resetLanguage()
-{
-    // As a newly created bar: English captions, but no language set yet, so
-    // that the next Language setting writes its captions and width whatever
-    // the bar showed before.
-    applyCaptions(m_kind.English);
-    m_german = false;
-    m_language.clear();
+    // A new bar reads in English, though it holds no language yet.
+    applyLanguage();
+    LayoutBar();
 }
 
 zelButtonBar::~zelButtonBar() = default;
+
+std::vector<zel::zelPropertyDecl> zelButtonBar::SharedProperties()
+{
+    using B = zelButtonBar;
+    using zel::Prop;
+    return {
+        Prop("ButtonHeight", &B::ButtonHeight, &B::SetButtonHeight)
+            .Persist()
+            .Default(zelBarDefaultHeight)
+            .With(zel::Init)
+            .Refreshes(RefreshLayout),
+        Prop("ButtonWidth", &B::ButtonWidth, &B::SetButtonWidth)
+            .Persist()
+            .Default(zelBarDefaultWidth)
+            .With(zel::Init)
+            .Refreshes(RefreshLayout),
+        Prop("ButtonsVisible", &B::ButtonsVisible, &B::SetButtonsVisible)
+            .Persist()
+            .Default(zelBarDefaultBits)
+            .With(zel::Init)
+            .Refreshes(RefreshLayout),
+        Prop("ButtonsEnabled", &B::ButtonsEnabled, &B::SetButtonsEnabled)
+            .Persist()
+            .Default(zelBarDefaultBits)
+            .With(zel::Init)
+            .Refreshes(RefreshLayout),
+    };
+}
+
+zel::zelPropertyDecl zelButtonBar::LanguageProperty()
+{
+    using B = zelButtonBar;
+    // Read last, after any stored width: the language writes its own width
+    // (1080 or 1200) without marking ButtonWidth, and a new bar holds no
+    // language, so the one loaded always takes effect. A German bar thus
+    // comes up with buttons 1200 wide and an English one 1080, whatever width
+    // was stored; only another language keeps the stored width. The classic
+    // setter never marked Language itself either.
+    return zel::Prop("Language", &B::Language, &B::SetLanguage)
+        .Persist()
+        .Default(QStringLiteral("English"))
+        .With(zel::Init | zel::NoMark)
+        .Refreshes(RefreshLanguage | RefreshLayout);
+}
+
+void zelButtonBar::Refresh(quint32 what)
+{
+    if (what & RefreshLanguage)
+        applyLanguage();
+    if (what & RefreshLayout)
+        LayoutBar();
+}
+
+void zelButtonBar::applyLanguage()
+{
+    switch (zelClassifyLanguage(m_language)) {
+    case zelBarLanguage::English:
+        m_german = false;
+        applyCaptions(m_kind.English);
+        break;
+    case zelBarLanguage::German:
+        m_german = true;
+        applyCaptions(m_kind.German);
+        break;
+    case zelBarLanguage::Other:
+        if (m_kind.OtherLanguageClearsGerman)
+            m_german = false;
+        break;
+    }
+}
 
 void zelButtonBar::applyCaptions(const zelBarCaptions &c)
 {
@@ -122,75 +179,48 @@ void zelButtonBar::applyCaptions(const zelBarCaptions &c)
     m_mainAltCaption = c.MainAlt;
     m_secondCaption = c.Second;
     m_secondAltCaption = c.SecondAlt;
-    // Not marked changed: the width follows the language, and the language
-    // is read back last, after any stored width.
+    // Straight into the member: the language's width is no width a host set.
     m_buttonWidth = c.ButtonWidth;
+}
+
+QString zelButtonBar::Language() const
+{
+    return m_language.isEmpty() ? QStringLiteral("English") : m_language;
 }
 
 void zelButtonBar::SetLanguage(const QString &v)
 {
-    zel::Trail t(this, "Language Let");
-    t.Run([&] {
-        const QString language = v.isEmpty() ? QStringLiteral("English") : v;
-        if (language.compare(m_language, Qt::CaseInsensitive) == 0)
-            return;
-        m_language = language;
-        switch (zelClassifyLanguage(language)) {
-        case zelBarLanguage::English:
-            m_german = false;
-            applyCaptions(m_kind.English);
-            break;
-        case zelBarLanguage::German:
-            m_german = true;
-            applyCaptions(m_kind.German);
-            break;
-        case zelBarLanguage::Other:
-            if (m_kind.OtherLanguageClearsGerman)
-                m_german = false;
-            break;
-        }
-        LayoutBar();
-    });
+    Let(
+        "Language", m_language,
+        [&] {
+            const QString language = v.isEmpty() ? QStringLiteral("English") : v;
+            // The language held, in other letters, is no change: the spelling
+            // first set stays.
+            return language.compare(m_language, Qt::CaseInsensitive) == 0 ? m_language : language;
+        },
+        [] {});
 }
 
-void zelButtonBar::SetButtonHeight(const QVariant &v)
+void zelButtonBar::SetButtonHeight(qint32 v)
 {
-    zel::Trail t(this, "ButtonHeight Let");
-    t.Run([&] {
-        m_buttonHeight = buttonSize(v);
-        MarkChanged(QStringLiteral("ButtonHeight"));
-        LayoutBar();
-    });
+    Let(
+        "ButtonHeight", m_buttonHeight, [&] { return buttonSize(v); }, [] {});
 }
 
-void zelButtonBar::SetButtonWidth(const QVariant &v)
+void zelButtonBar::SetButtonWidth(qint32 v)
 {
-    zel::Trail t(this, "ButtonWidth Let");
-    t.Run([&] {
-        m_buttonWidth = buttonSize(v);
-        MarkChanged(QStringLiteral("ButtonWidth"));
-        LayoutBar();
-    });
+    Let(
+        "ButtonWidth", m_buttonWidth, [&] { return buttonSize(v); }, [] {});
 }
 
-void zelButtonBar::SetButtonsVisible(const QVariant &v)
+void zelButtonBar::SetButtonsVisible(qint32 v)
 {
-    zel::Trail t(this, "ButtonsVisible Let");
-    t.Run([&] {
-        m_visible = zel::CLng(v);
-        MarkChanged(QStringLiteral("ButtonsVisible"));
-        LayoutBar();
-    });
+    Let("ButtonsVisible", m_visible, v);
 }
 
-void zelButtonBar::SetButtonsEnabled(const QVariant &v)
+void zelButtonBar::SetButtonsEnabled(qint32 v)
 {
-    zel::Trail t(this, "ButtonsEnabled Let");
-    t.Run([&] {
-        m_enabled = zel::CLng(v);
-        MarkChanged(QStringLiteral("ButtonsEnabled"));
-        LayoutBar();
-    });
+    Let("ButtonsEnabled", m_enabled, v);
 }
 
 void zelButtonBar::ChangeEnabledBits(qint32 eButton, bool bEnabled)
@@ -325,48 +355,4 @@ void zelButtonBar::buttonClicked(int slot)
     zel::Trail t(QString::fromLatin1(metaObject()->className()) + QLatin1Char('.') + handler +
                  QStringLiteral("_Click"));
     t.Run([&] { RaiseClick(slot); });
-}
-
-void zelButtonBar::InitProperties()
-{
-    zel::Trail t(this, "UserControl_InitProperties");
-    t.Run([&] {
-        resetLanguage();
-        SetButtonHeight(zelBarDefaultHeight);
-        SetButtonWidth(zelBarDefaultWidth);
-        SetButtonsVisible(zelBarDefaultBits);
-        SetButtonsEnabled(zelBarDefaultBits);
-        InitOwnProperties();
-        SetLanguage(QStringLiteral("English"));
-    });
-}
-
-void zelButtonBar::ReadProperties(zelPropertyBag &bag)
-{
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Run([&] {
-        zel::PropertyReader r(bag, this);
-        // A form loads into a new bar: the stored language, read last, then
-        // always sets captions and width, whatever width was stored.
-        resetLanguage();
-        SetButtonHeight(r.Long(QStringLiteral("ButtonHeight"), zelBarDefaultHeight));
-        SetButtonWidth(r.Long(QStringLiteral("ButtonWidth"), zelBarDefaultWidth));
-        SetButtonsVisible(r.Long(QStringLiteral("ButtonsVisible"), zelBarDefaultBits));
-        SetButtonsEnabled(r.Long(QStringLiteral("ButtonsEnabled"), zelBarDefaultBits));
-        ReadOwnProperties(r);
-        SetLanguage(r.String(QStringLiteral("Language"), QStringLiteral("English")));
-    });
-}
-
-void zelButtonBar::WriteProperties(zelPropertyBag &bag) const
-{
-    zel::Trail t(this, "UserControl_WriteProperties");
-    t.Run([&] {
-        bag.WriteProperty(QStringLiteral("ButtonHeight"), m_buttonHeight, zelBarDefaultHeight);
-        bag.WriteProperty(QStringLiteral("ButtonWidth"), m_buttonWidth, zelBarDefaultWidth);
-        bag.WriteProperty(QStringLiteral("ButtonsVisible"), m_visible, zelBarDefaultBits);
-        bag.WriteProperty(QStringLiteral("ButtonsEnabled"), m_enabled, zelBarDefaultBits);
-        WriteOwnProperties(bag);
-        bag.WriteProperty(QStringLiteral("Language"), m_language, QStringLiteral("English"));
-    });
 }

@@ -12,7 +12,7 @@
 // option buttons at the left.
 
 #include "buttons/zelButtonEnums.h"
-#include "platform/zelPropertyBag.h"
+#include "core/zelProperties.h"
 
 #include <QRect>
 #include <QSize>
@@ -23,10 +23,6 @@
 #include <array>
 
 class QPushButton;
-
-namespace zel {
-class PropertyReader;
-}
 
 inline constexpr int zelBarSlots = 8;
 inline constexpr int zelBarFirstOption = 4; // slot of option button 0
@@ -115,7 +111,7 @@ struct zelButtonBarKind
 };
 
 // The widget base of the bars. Hosts use zelStdButtons and zelPrpButtons.
-class zelButtonBar : public QWidget, public zelPersistable
+class zelButtonBar : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Language READ Language WRITE SetLanguage)
@@ -130,20 +126,26 @@ public:
     // "English" (the default), "German" or "Deutsch" in any letter case
     // switch the captions and the button width (1080 or 1200 twips); "" is
     // taken as "English". Setting the language it already has, in any letter
-    // case, does nothing.
-    QString Language() const { return m_language; }
+    // case, does nothing. A new bar reads in English but holds no language
+    // yet, so the first language set, by the host or a load, always writes
+    // its captions and width.
+    QString Language() const;
     void SetLanguage(const QString &v);
-    // Twips. By default 315 high and 1080 wide (1200 in German).
+    // Twips, 0 to 100000. By default 315 high and 1080 wide (1200 in German).
     qint32 ButtonHeight() const { return m_buttonHeight; }
-    void SetButtonHeight(const QVariant &v);
+    void SetButtonHeight(qint32 v);
+    ZEL_LATE_BOUND(ButtonHeight)
     qint32 ButtonWidth() const { return m_buttonWidth; }
-    void SetButtonWidth(const QVariant &v);
+    void SetButtonWidth(qint32 v);
+    ZEL_LATE_BOUND(ButtonWidth)
     // Bit sets of the buttons shown and enabled; by default 15, the bar's
     // four own buttons.
     qint32 ButtonsVisible() const { return m_visible; }
-    void SetButtonsVisible(const QVariant &v);
+    void SetButtonsVisible(qint32 v);
+    ZEL_LATE_BOUND(ButtonsVisible)
     qint32 ButtonsEnabled() const { return m_enabled; }
-    void SetButtonsEnabled(const QVariant &v);
+    void SetButtonsEnabled(qint32 v);
+    ZEL_LATE_BOUND(ButtonsEnabled)
 
     // Caption of option button Index (0 to 3); another index is error 9.
     Q_INVOKABLE QString OptionButtonCaption(qint32 Index) const;
@@ -154,9 +156,10 @@ public:
     // Index; false for an empty picture or an index outside 0 to 3.
     Q_INVOKABLE bool LoadOptionButtonPicture(qint32 Index, const QVariant &oPicture);
 
-    Q_INVOKABLE void InitProperties() override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
+    Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    // The property button bar raises an event named Properties, which would
+    // hide this name there: each bar names its table in BarProperties.
+    const zel::zelPropertyTable &Properties() const final { return BarProperties(); }
 
     // The layout last applied (twips).
     const zelButtonBarLayout &BarLayout() const { return m_layout; }
@@ -175,39 +178,49 @@ signals:
 protected:
     zelButtonBar(const zelButtonBarKind &kind, QWidget *parent);
 
+    virtual const zel::zelPropertyTable &BarProperties() const = 0;
+    // The entries every bar starts its table with, in load order.
+    static std::vector<zel::zelPropertyDecl> SharedProperties();
+    // The entry every bar ends its table with: Language is read last.
+    static zel::zelPropertyDecl LanguageProperty();
+    enum : quint32
+    {
+        RefreshLayout = 0x1,
+        // The captions and button width of the language held.
+        RefreshLanguage = 0x2
+    };
+
     QPushButton *SlotButton(int slot) const { return m_buttons[size_t(slot)]; }
 
     // Sets or clears bits through the ButtonsEnabled / ButtonsVisible setters.
     void ChangeEnabledBits(qint32 eButton, bool bEnabled);
     void ChangeVisibleBits(qint32 eButton, bool bVisible);
 
-    // The switches that show the alternative captions of slots 3 and 1.
+    // The switches that show the alternative captions of slots 3 and 1; the
+    // standard bar's setters store into them.
     bool MainAlternative() const { return m_mainAlt; }
     bool SecondAlternative() const { return m_secondAlt; }
-    void SetMainAlternative(bool on) { m_mainAlt = on; }
-    void SetSecondAlternative(bool on) { m_secondAlt = on; }
+    bool &MainAlternative() { return m_mainAlt; }
+    bool &SecondAlternative() { return m_secondAlt; }
 
     // Raises the event of a clicked button.
     virtual void RaiseClick(int slot) = 0;
 
-    // Properties of one bar only: kept between the shared keys and Language.
-    virtual void InitOwnProperties() {}
-    virtual void ReadOwnProperties(zel::PropertyReader &) {}
-    virtual void WriteOwnProperties(zelPropertyBag &) const {}
-
-    void MarkChanged(const QString &name) { emit PropertyChanged(name); }
+    const QObject *PropertyOwner() const override { return this; }
+    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
 
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void buttonClicked(int slot);
+    void applyLanguage();
     void applyCaptions(const zelBarCaptions &c);
-    void resetLanguage();
     QPushButton *optionButton(qint32 index) const;
 
     const zelButtonBarKind &m_kind;
     std::array<QPushButton *, zelBarSlots> m_buttons{};
-    QString m_language;
+    QString m_language; // "" until a language is set
     qint32 m_buttonHeight = zelBarDefaultHeight;
     qint32 m_buttonWidth = zelBarDefaultWidth;
     qint32 m_visible = zelBarDefaultBits;

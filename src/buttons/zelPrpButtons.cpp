@@ -33,6 +33,12 @@ zelPrpButtons::zelPrpButtons(QWidget *parent) : zelButtonBar(prpKind(), parent) 
 
 zelPrpButtons::~zelPrpButtons() = default;
 
+const zel::zelPropertyTable &zelPrpButtons::BarProperties() const
+{
+    static const zel::zelPropertyTable table(SharedProperties(), {LanguageProperty()});
+    return table;
+}
+
 void zelPrpButtons::ChangeEnabledButtons(ZEL_PrpButtons eButton, bool bEnabled)
 {
     ChangeEnabledBits(eButton, bEnabled);

@@ -48,5 +48,6 @@ signals:
     void OptionButton(qint32 Index);
 
 protected:
+    const zel::zelPropertyTable &BarProperties() const override;
     void RaiseClick(int slot) override;
 };

@@ -1,8 +1,5 @@
 #include "buttons/zelStdButtons.h"
 
-#include "core/zelConvert.h"
-#include "core/zelPropertyReader.h"
-#include "core/zelTrail.h"
 #include "platform/zelObjectFactory.h"
 
 ZEL_REGISTER_PROGID(zelStdButtons);
@@ -32,24 +29,34 @@ zelStdButtons::zelStdButtons(QWidget *parent) : zelButtonBar(stdKind(), parent) 
 
 zelStdButtons::~zelStdButtons() = default;
 
-void zelStdButtons::SetOKasClose(const QVariant &v)
+const zel::zelPropertyTable &zelStdButtons::BarProperties() const
 {
-    zel::Trail t(this, "OKasClose Let");
-    t.Run([&] {
-        SetMainAlternative(zel::CBool(v));
-        MarkChanged(QStringLiteral("OKasClose"));
-        LayoutBar();
-    });
+    using B = zelStdButtons;
+    using zel::Prop;
+    static const zel::zelPropertyTable table(
+        SharedProperties(), // the sizes and bit sets first
+        {
+            Prop("OKasClose", &B::OKasClose, &B::SetOKasClose)
+                .Persist()
+                .With(zel::Init)
+                .Refreshes(RefreshLayout),
+            Prop("ApplyAsPreview", &B::ApplyAsPreview, &B::SetApplyAsPreview)
+                .Persist()
+                .With(zel::Init)
+                .Refreshes(RefreshLayout),
+            LanguageProperty(),
+        });
+    return table;
 }
 
-void zelStdButtons::SetApplyAsPreview(const QVariant &v)
+void zelStdButtons::SetOKasClose(bool v)
 {
-    zel::Trail t(this, "ApplyAsPreview Let");
-    t.Run([&] {
-        SetSecondAlternative(zel::CBool(v));
-        MarkChanged(QStringLiteral("ApplyAsPreview"));
-        LayoutBar();
-    });
+    Let("OKasClose", MainAlternative(), v);
+}
+
+void zelStdButtons::SetApplyAsPreview(bool v)
+{
+    Let("ApplyAsPreview", SecondAlternative(), v);
 }
 
 void zelStdButtons::ChangeEnabledButtons(ZEL_StdButtons eButton, bool bEnabled)
@@ -81,22 +88,4 @@ void zelStdButtons::RaiseClick(int slot)
         emit OptionButton(slot - zelBarFirstOption);
         break;
     }
-}
-
-void zelStdButtons::InitOwnProperties()
-{
-    SetOKasClose(false);
-    SetApplyAsPreview(false);
-}
-
-void zelStdButtons::ReadOwnProperties(zel::PropertyReader &r)
-{
-    SetOKasClose(r.Bool(QStringLiteral("OKasClose"), false));
-    SetApplyAsPreview(r.Bool(QStringLiteral("ApplyAsPreview"), false));
-}
-
-void zelStdButtons::WriteOwnProperties(zelPropertyBag &bag) const
-{
-    bag.WriteProperty(QStringLiteral("OKasClose"), OKasClose(), false);
-    bag.WriteProperty(QStringLiteral("ApplyAsPreview"), ApplyAsPreview(), false);
 }

@@ -23,10 +23,12 @@ public:
 
     // By default false.
     bool OKasClose() const { return MainAlternative(); }
-    void SetOKasClose(const QVariant &v);
+    void SetOKasClose(bool v);
+    ZEL_LATE_BOUND(OKasClose)
     // By default false.
     bool ApplyAsPreview() const { return SecondAlternative(); }
-    void SetApplyAsPreview(const QVariant &v);
+    void SetApplyAsPreview(bool v);
+    ZEL_LATE_BOUND(ApplyAsPreview)
 
     // Sets (bEnabled true) or clears the bits of eButton in ButtonsEnabled.
     Q_INVOKABLE void ChangeEnabledButtons(ZEL_StdButtons eButton, bool bEnabled);
@@ -42,8 +44,6 @@ signals:
     void OptionButton(qint32 Index);
 
 protected:
+    const zel::zelPropertyTable &BarProperties() const override;
     void RaiseClick(int slot) override;
-    void InitOwnProperties() override;
-    void ReadOwnProperties(zel::PropertyReader &r) override;
-    void WriteOwnProperties(zelPropertyBag &bag) const override;
 };

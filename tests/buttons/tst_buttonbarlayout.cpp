@@ -12,8 +12,6 @@ class tst_ButtonBarLayout : public QObject
 private slots:
     void placesVisibleButtonsFromTheRight_data();
     void placesVisibleButtonsFromTheRight();
-    void enablesEachButtonByItsOwnBit_data();
-    void enablesEachButtonByItsOwnBit();
     void emptyBarHasNoSize();
     void overflowingWidthRaisesOverflow();
     void classifiesLanguages_data();
@@ -68,23 +66,6 @@ void tst_ButtonBarLayout::placesVisibleButtonsFromTheRight()
         if (left >= 0)
             QCOMPARE(p.Rect, QRect(left, 0, buttonWidth, 400));
     }
-}
-
-void tst_ButtonBarLayout::enablesEachButtonByItsOwnBit_data()
-{
-    QTest::addColumn<qint32>("enabled");
-    QTest::newRow("none") << qint32(0);
-    QTest::newRow("Apply off") << qint32(15 & ~2);
-    QTest::newRow("odd slots") << qint32(2 | 8 | 32 | 128);
-    QTest::newRow("options only") << qint32(16 | 32 | 64 | 128);
-}
-
-void tst_ButtonBarLayout::enablesEachButtonByItsOwnBit()
-{
-    QFETCH(qint32, enabled);
-    const zelButtonBarLayout l = zelLayoutButtonBar(255, enabled, 1080, 315);
-    for (int slot = 0; slot < zelBarSlots; ++slot)
-        QCOMPARE(l.Buttons[size_t(slot)].Enabled, (enabled & (1 << slot)) != 0);
 }
 
 void tst_ButtonBarLayout::emptyBarHasNoSize()
