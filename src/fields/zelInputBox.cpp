@@ -6,12 +6,15 @@
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPlatform.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPalette>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <QWindow>
 
 ZEL_REGISTER_PROGID(zelInputBox);
 
@@ -43,6 +46,39 @@ QVariant asDataType(double d, qint32 dataType)
     }
 }
 
+// True while a field takes back the focus it refused to give up: the widget
+// that held it for that moment was never entered by the user, so it neither
+// checks nor reformats its own value.
+bool g_takingFocusBack = false;
+
+// Tab and Backtab as QWidget reads them: with Control or Alt they are not a
+// move to the next control.
+bool isTabMove(const QKeyEvent *key)
+{
+    if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+        return false;
+    return key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+}
+
+// The widget that a mouse press at pos in window will give the focus to, by
+// the rule QApplication follows before it delivers the press; null when the
+// focus stays where it is.
+QWidget *clickFocusTarget(QWidget *window, const QPoint &pos)
+{
+    QWidget *w = window->childAt(pos);
+    for (w = w ? w : window; w; w = w->parentWidget()) {
+        QWidget *proxy = w;
+        while (proxy->focusProxy())
+            proxy = proxy->focusProxy();
+        if (w->isEnabled() && (w->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus &&
+            (proxy->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus)
+            return proxy;
+        if (w->isWindow() || w->hasFocus())
+            return nullptr;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 zelInputBox::zelInputBox(QWidget *parent)
@@ -58,7 +94,10 @@ zelInputBox::zelInputBox(QWidget *parent)
     LayoutFrame();
 }
 
-zelInputBox::~zelInputBox() = default;
+zelInputBox::~zelInputBox()
+{
+    watchWindow(false);
+}
 
 const zel::zelPropertyTable &zelInputBox::Properties() const
 {
@@ -331,15 +370,20 @@ void zelInputBox::txtInput_GotFocus()
     });
 }
 
+bool zelInputBox::outOfRange() const
+{
+    if (!m_numeric || !m_limitValue)
+        return false;
+    const double d = zel::Val(m_txtInput->text());
+    return d < m_valueMin || d > m_valueMax;
+}
+
 bool zelInputBox::txtInput_Validate()
 {
     bool cancel = false;
     zel::Trail t(this, "txtInput_Validate");
     t.Run([&] {
-        if (!m_numeric || !m_limitValue)
-            return;
-        const double d = zel::Val(m_txtInput->text());
-        if (d < m_valueMin || d > m_valueMax) {
+        if (outOfRange()) {
             zel::platform().MessageBox(
                 QStringLiteral("Value must be within the range of ") +
                     zel::FormatFixed(m_valueMin, m_decimals) + QStringLiteral(" through ") +
@@ -349,6 +393,80 @@ bool zelInputBox::txtInput_Validate()
         }
     });
     return cancel;
+}
+
+bool zelInputBox::leaveRefused()
+{
+    // An attempt made while the message is still up is refused without a
+    // second message.
+    if (m_validating)
+        return true;
+    const QScopedValueRollback<bool> guard(m_validating, true);
+    return txtInput_Validate();
+}
+
+bool zelInputBox::mustLetGo() const
+{
+    // A field that is hidden, disabled or on a window that is closing cannot
+    // keep anyone in it, and a modal box now would outlive its form.
+    QWidget *next = QApplication::focusWidget();
+    return !next || next->window() != window() || !m_txtInput->isVisible() ||
+           !m_txtInput->isEnabled() || !window()->isVisible();
+}
+
+void zelInputBox::focusLeaving(Qt::FocusReason reason)
+{
+    switch (reason) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        return; // the focus comes back to the field; the user has not left it
+    default:
+        break;
+    }
+    if (g_takingFocusBack || m_validating || !zel::UserMode(this))
+        return;
+    if (mustLetGo()) {
+        watchWindow(false);
+        return;
+    }
+    // Tab keys and mouse presses are refused before the focus moves; this is
+    // for every other move (Enter as Tab, shortcuts, the host's setFocus).
+    // The focus comes back first, so that the message box returns it here.
+    if (outOfRange()) {
+        {
+            const QScopedValueRollback<bool> guard(g_takingFocusBack, true);
+            m_txtInput->setFocus(Qt::OtherFocusReason);
+        }
+        leaveRefused();
+        return;
+    }
+    watchWindow(false);
+    txtInput_LostFocus();
+}
+
+bool zelInputBox::clickRefused(QEvent *event)
+{
+    if ((event->type() != QEvent::MouseButtonPress &&
+         event->type() != QEvent::MouseButtonDblClick) ||
+        !event->spontaneous() || QApplication::focusWidget() != m_txtInput ||
+        QApplication::activePopupWidget() || !zel::UserMode(this))
+        return false;
+    const QPoint pos = static_cast<QMouseEvent *>(event)->position().toPoint();
+    QWidget *target = clickFocusTarget(window(), pos);
+    return target && target != m_txtInput && leaveRefused();
+}
+
+void zelInputBox::watchWindow(bool on)
+{
+    QWindow *handle = on ? window()->windowHandle() : nullptr;
+    if (handle == m_watched)
+        return;
+    if (m_watched)
+        m_watched->removeEventFilter(this);
+    m_watched = handle;
+    if (handle)
+        handle->installEventFilter(this);
 }
 
 void zelInputBox::txtInput_LostFocus()
@@ -363,34 +481,36 @@ void zelInputBox::txtInput_LostFocus()
 
 bool zelInputBox::eventFilter(QObject *watched, QEvent *event)
 {
+    // A press that would move the focus to another control is checked before
+    // QApplication moves it, and is eaten when the user must stay.
+    if (watched == m_watched && m_watched)
+        return clickRefused(event) || zelLabelledField::eventFilter(watched, event);
     if (watched != m_txtInput)
         return zelLabelledField::eventFilter(watched, event);
 
     switch (event->type()) {
-    case QEvent::KeyPress:
-        if (RouteTypedKey(static_cast<QKeyEvent *>(event), m_txtInput,
-                          [this](qint16 &key) { txtInput_KeyPress(key); }))
+    case QEvent::KeyPress: {
+        auto *key = static_cast<QKeyEvent *>(event);
+        // The check runs before the focus moves; a refused Tab is eaten.
+        if (isTabMove(key) && zel::UserMode(this) && leaveRefused())
+            return true;
+        if (RouteTypedKey(key, m_txtInput, [this](qint16 &k) { txtInput_KeyPress(k); }))
             return true;
         break;
+    }
     case QEvent::FocusIn:
+        if (zel::UserMode(this))
+            watchWindow(true);
+        if (g_takingFocusBack)
+            break; // the focus never really left
         QTimer::singleShot(0, m_txtInput, [this] {
             if (m_txtInput->hasFocus())
                 txtInput_GotFocus();
         });
         break;
-    case QEvent::FocusOut: {
-        if (m_validating || !zel::UserMode(this))
-            break;
-        const QScopedValueRollback<bool> guard(m_validating, true);
-        if (txtInput_Validate()) {
-            // Keep the user in the field until the number is in range.
-            QTimer::singleShot(0, m_txtInput,
-                               [this] { m_txtInput->setFocus(Qt::OtherFocusReason); });
-        } else {
-            txtInput_LostFocus();
-        }
+    case QEvent::FocusOut:
+        focusLeaving(static_cast<QFocusEvent *>(event)->reason());
         break;
-    }
     default:
         break;
     }

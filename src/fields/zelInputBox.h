@@ -11,10 +11,12 @@
 
 #include "core/zelFieldFrame.h"
 
+#include <QPointer>
 #include <QString>
 #include <QVariant>
 
 class QLineEdit;
+class QWindow;
 
 class zelInputBox : public zelLabelledField
 {
@@ -105,6 +107,12 @@ private:
     void txtInput_Change();
     void txtInput_GotFocus();
     bool txtInput_Validate();
+    bool outOfRange() const;
+    bool leaveRefused();
+    bool clickRefused(QEvent *event);
+    void focusLeaving(Qt::FocusReason reason);
+    bool mustLetGo() const;
+    void watchWindow(bool on);
     void txtInput_LostFocus();
     void applyColours();
     void applyReadOnly();
@@ -126,4 +134,6 @@ private:
     bool m_faceBackground = false;
     bool m_settingText = false;
     bool m_validating = false;
+    // The window whose mouse presses are checked while the field has focus.
+    QPointer<QWindow> m_watched;
 };
