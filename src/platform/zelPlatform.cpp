@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPalette>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
@@ -29,8 +30,12 @@ Platform::~Platform() = default;
 
 void Platform::MessageBox(const QString &text, const QString &title, QWidget *parent)
 {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
-    box.exec();
+    // On the heap: a host may delete the form, and with it the box, while
+    // the box waits for the user.
+    QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box->exec();
+    delete box.data();
 }
 
 void Platform::Beep()

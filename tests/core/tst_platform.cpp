@@ -8,11 +8,13 @@
 #include "platform/zelPropertyBag.h"
 #include "zelFakePlatform.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QPalette>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 // An object with the shapes a late-bound caller meets.
 class Target : public QObject
@@ -213,6 +215,18 @@ private slots:
         QCOMPARE(zel::ToQColor(colour), expected);
         QCOMPARE(zel::ToQColor(0x0000FF), QColor(255, 0, 0)); // plain colours are 0x00BBGGRR
         QCOMPARE(zel::FromQColor(QColor(1, 2, 3)), quint32(0x030201));
+    }
+
+    void messageBoxGoesWithTheFormDeletedUnderIt()
+    {
+        // A host that deletes the form while its message box waits must not
+        // see the box deleted twice.
+        auto *form = new QWidget;
+        form->show();
+        QTimer::singleShot(50, form, [form] { delete form; });
+        zel::Platform real;
+        real.MessageBox(QStringLiteral("text"), QStringLiteral("title"), form);
+        QVERIFY(!QApplication::activeModalWidget());
     }
 
     void userModeIsAmbient()
