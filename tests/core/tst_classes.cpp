@@ -75,7 +75,7 @@ QList<Property> propertiesOf(QObject *o)
         for (const zel::zelPropertyDecl &d : host->Properties().Entries()) {
             if (d.Has(zel::WriteOnly))
                 continue; // a stored key, not a property
-            const bool loaded = d.Key && d.Set && !d.Has(zel::WriteOnly | zel::NotApplied);
+            const bool loaded = d.Key && d.Set; // a key read but not applied shows here
             list.append({QString::fromLatin1(d.Name), d.Type, bool(d.Set), loaded ? d.Key : nullptr,
                          d.DefaultValue});
         }
