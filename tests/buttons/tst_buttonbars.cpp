@@ -10,8 +10,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <cmath>
 #include <QTest>
+#include <cmath>
 
 #include <memory>
 
@@ -23,8 +23,8 @@ const int tpp = 15; // twips per pixel on the fake platform
 bool coversTwips(const QRect &px, const QRect &twips, double tpp)
 {
     const auto near = [tpp](int p, int t) { return std::abs(p * tpp - t) <= tpp / 2; };
-    return near(px.x(), twips.x()) && near(px.y(), twips.y()) &&
-           near(px.width(), twips.width()) && near(px.height(), twips.height());
+    return near(px.x(), twips.x()) && near(px.y(), twips.y()) && near(px.width(), twips.width()) &&
+           near(px.height(), twips.height());
 }
 
 std::unique_ptr<zelButtonBar> makeBar(const QString &kind)

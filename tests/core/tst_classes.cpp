@@ -44,26 +44,12 @@ int firstOwn(const QMetaObject *mo, bool methods)
 
 Kind kindOf(QMetaType t)
 {
-    switch (t.id()) {
-    case QMetaType::QString:
-        return Kind::String;
-    case QMetaType::Bool:
-        return Kind::Bool;
-    case QMetaType::Short:
-        return Kind::Int16;
-    case QMetaType::Int:
-        return Kind::Int32;
-    case QMetaType::Float:
-        return Kind::Single;
-    case QMetaType::Double:
-        return Kind::Double;
-    case QMetaType::UInt:
-        return Kind::Colour;
-    case QMetaType::QDateTime:
-        return Kind::Date;
-    default:
-        return Kind::Variant;
-    }
+    static const QHash<int, Kind> kinds{
+        {QMetaType::QString, Kind::String}, {QMetaType::Bool, Kind::Bool},
+        {QMetaType::Short, Kind::Int16},    {QMetaType::Int, Kind::Int32},
+        {QMetaType::Float, Kind::Single},   {QMetaType::Double, Kind::Double},
+        {QMetaType::UInt, Kind::Colour},    {QMetaType::QDateTime, Kind::Date}};
+    return kinds.value(t.id(), Kind::Variant);
 }
 
 // A class's properties: its description where it has one, else its own
@@ -74,7 +60,7 @@ QList<Property> propertiesOf(QObject *o)
     if (auto *host = dynamic_cast<zelPropertyHost *>(o)) {
         for (const zel::zelPropertyDecl &d : host->Properties().Entries()) {
             if (d.Has(zel::WriteOnly))
-                continue; // a stored key, not a property
+                continue;                       // a stored key, not a property
             const bool loaded = d.Key && d.Set; // a key read but not applied shows here
             list.append({QString::fromLatin1(d.Name), d.Type, bool(d.Set), loaded ? d.Key : nullptr,
                          d.DefaultValue});
@@ -84,7 +70,8 @@ QList<Property> propertiesOf(QObject *o)
     const QMetaObject *mo = o->metaObject();
     for (int i = firstOwn(mo, false); i < mo->propertyCount(); ++i) {
         const QMetaProperty p = mo->property(i);
-        list.append({QString::fromLatin1(p.name()), kindOf(p.metaType()), p.isWritable(), nullptr, {}});
+        list.append(
+            {QString::fromLatin1(p.name()), kindOf(p.metaType()), p.isWritable(), nullptr, {}});
     }
     return list;
 }
@@ -108,7 +95,8 @@ QVariantList candidates(Kind kind, const QVariant &current)
     case Kind::Colour:
         return {0x123456u, 0x8000000Fu};
     case Kind::Date:
-        return {QDateTime(QDate(2021, 3, 4), QTime(0, 0)), QDateTime(QDate(1899, 12, 30), QTime(6, 0))};
+        return {QDateTime(QDate(2021, 3, 4), QTime(0, 0)),
+                QDateTime(QDate(1899, 12, 30), QTime(6, 0))};
     case Kind::Variant:
         break;
     }
@@ -117,7 +105,8 @@ QVariantList candidates(Kind kind, const QVariant &current)
 
 bool same(const QVariant &a, const QVariant &b)
 {
-    if (a.metaType() == QMetaType::fromType<QDateTime>() || b.metaType() == QMetaType::fromType<QDateTime>())
+    if (a.metaType() == QMetaType::fromType<QDateTime>() ||
+        b.metaType() == QMetaType::fromType<QDateTime>())
         return a.toDateTime() == b.toDateTime();
     return zelSameAsDefault(a, b);
 }
@@ -271,15 +260,17 @@ void tst_Classes::persistenceRoundTrip()
     b.persistable()->ReadProperties(reread);
     for (const Property &p : propertiesOf(a.o))
         if (p.key)
-            QVERIFY2(same(a.get(p.name), b.get(p.name)),
-                     qPrintable(QStringLiteral("%1: %2 came back as %3")
-                                    .arg(p.name, a.get(p.name).toString(), b.get(p.name).toString())));
+            QVERIFY2(
+                same(a.get(p.name), b.get(p.name)),
+                qPrintable(QStringLiteral("%1: %2 came back as %3")
+                               .arg(p.name, a.get(p.name).toString(), b.get(p.name).toString())));
     QCOMPARE(zelLoggedErrors(), 0);
     // A host's store names each key as the property it holds, and a newly
     // placed object stores only what has no default.
     const QJsonObject keys = written.Object();
     for (auto it = keys.begin(); it != keys.end(); ++it)
-        QVERIFY2(a.get(it.key()).isValid() || fresh.Object().contains(it.key()), qPrintable(it.key()));
+        QVERIFY2(a.get(it.key()).isValid() || fresh.Object().contains(it.key()),
+                 qPrintable(it.key()));
     for (const Property &p : propertiesOf(a.o))
         QVERIFY2(!fresh.Object().contains(p.name) || !p.def.isValid(), qPrintable(p.name));
     zelMemoryPropertyBag byHand;
@@ -322,7 +313,8 @@ void tst_Classes::corruptBags()
         if (!p.key)
             continue;
         for (const QVariant &g : garbage()) {
-            const QString what = p.name + QStringLiteral(" stored as ") + QString::fromLatin1(g.typeName());
+            const QString what =
+                p.name + QStringLiteral(" stored as ") + QString::fromLatin1(g.typeName());
             zelMemoryPropertyBag bag = stored;
             bag.SetValue(QString::fromLatin1(p.key), g);
             Subject s(progId);
@@ -330,12 +322,14 @@ void tst_Classes::corruptBags()
             s.persistable()->ReadProperties(bag);
             if (mismatch(p.kind, g)) {
                 QVERIFY2(zelLoggedErrors(source) > before, qPrintable(what + " is not logged"));
-                QVERIFY2(same(s.get(p.name), empty.get(p.name)), qPrintable(what + " left no default"));
+                QVERIFY2(same(s.get(p.name), empty.get(p.name)),
+                         qPrintable(what + " left no default"));
             }
             // The other keys still load.
             for (const Property &q : propertiesOf(s.o))
                 if (q.key && q.name != p.name && q.kind == Kind::String)
-                    QVERIFY2(same(s.get(q.name), good.get(q.name)), qPrintable(what + " lost " + q.name));
+                    QVERIFY2(same(s.get(q.name), good.get(q.name)),
+                             qPrintable(what + " lost " + q.name));
             // And the object still works: it saves and loads again.
             zelMemoryPropertyBag again;
             s.persistable()->WriteProperties(again);
@@ -363,7 +357,8 @@ void tst_Classes::wrongTypesByName()
             const int errors = zelLoggedErrors(s.className + "." + p.name + " Let");
             // Text properties take Qt's own conversion, which refuses the rest.
             const bool taken = zel::SetProperty(s.o, p.name, g);
-            const QString what = p.name + QStringLiteral(" given ") + QString::fromLatin1(g.typeName());
+            const QString what =
+                p.name + QStringLiteral(" given ") + QString::fromLatin1(g.typeName());
             QVERIFY2(zelLoggedErrors(s.className + "." + p.name + " Let") == errors + 1 ||
                          (p.kind == Kind::String && !taken),
                      qPrintable(what + " is not logged"));
@@ -379,14 +374,10 @@ void tst_Classes::absurdValues()
     zelTestScope scope;
     scope.fake().colorDialogAccepts = false;
     Subject s(progId);
-    const QVariantList absurd{QVariant(),
-                              QVariant(QString(100000, QLatin1Char('x'))),
-                              QVariant(-1),
-                              QVariant(-2147483647 - 1),
-                              QVariant(2147483647),
-                              QVariant(1e300),
-                              QVariant(-1e300),
-                              QVariant(true)};
+    const QVariantList absurd{QVariant(),           QVariant(QString(100000, QLatin1Char('x'))),
+                              QVariant(-1),         QVariant(-2147483647 - 1),
+                              QVariant(2147483647), QVariant(1e300),
+                              QVariant(-1e300),     QVariant(true)};
     for (const Property &p : propertiesOf(s.o)) {
         if (!p.writable)
             continue;
@@ -397,7 +388,8 @@ void tst_Classes::absurdValues()
             zel::SetProperty(s.o, p.name, v);
             // Refused: logged and kept. Taken: it reads back as it stays.
             if (zelLoggedErrors(let) > errors) {
-                QVERIFY2(same(s.get(p.name), before), qPrintable(p.name + " changed though refused"));
+                QVERIFY2(same(s.get(p.name), before),
+                         qPrintable(p.name + " changed though refused"));
             } else {
                 const QVariant now = s.get(p.name);
                 zel::SetProperty(s.o, p.name, now);
@@ -413,7 +405,8 @@ void tst_Classes::absurdValues()
         if (m.methodType() != QMetaMethod::Method)
             continue;
         for (const QVariant &v : absurd)
-            zel::CallByName(s.o, QString::fromLatin1(m.name()), QVariantList(m.parameterCount(), v));
+            zel::CallByName(s.o, QString::fromLatin1(m.name()),
+                            QVariantList(m.parameterCount(), v));
     }
     if (auto *w = qobject_cast<QWidget *>(s.o))
         w->resize(200, 40);

@@ -122,7 +122,9 @@ void tst_Convert::dateValues_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<QDateTime>("date"); // invalid: error 6
-    auto row = [](const char *name, double v, const QDateTime &d) { QTest::newRow(name) << v << d; };
+    auto row = [](const char *name, double v, const QDateTime &d) {
+        QTest::newRow(name) << v << d;
+    };
     row("zero day", 0, zeroDay);
     row("1 January 1900", 2, QDateTime(QDate(1900, 1, 1), QTime(0, 0)));
     row("2 January 1950 06:00", 18265.25, QDateTime(QDate(1950, 1, 2), QTime(6, 0)));

@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QMetaProperty>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -382,20 +381,6 @@ private slots:
         QCOMPARE(base(), zel::ToQColor(zel::SysWindowBackground));
         QCOMPARE(input(box)->palette().color(QPalette::Text), zel::ToQColor(zel::SysGrayText));
         QCOMPARE(input(box)->focusPolicy(), Qt::ClickFocus);
-    }
-
-    void eventsWidgetsAndFormatStringByName()
-    {
-        zelTestScope scope;
-        zelInputBox box;
-        const QMetaObject *mo = box.metaObject();
-        for (const char *signal : {"Changed()", "KeyPress(qint16&)", "KeyDown(qint16&,qint16&)",
-                                   "KeyUp(qint16&,qint16&)"})
-            QVERIFY2(mo->indexOfSignal(QMetaObject::normalizedSignature(signal)) >= 0, signal);
-        for (const char *name : {"txtInput", "lblPrefix", "lblSuffix"})
-            QVERIFY2(box.findChild<QWidget *>(QLatin1String(name)), name);
-        const int fs = mo->indexOfProperty("FormatString");
-        QVERIFY(fs >= 0 && !mo->property(fs).isWritable());
     }
 };
 
