@@ -125,6 +125,7 @@ private slots:
         box.SetSuffix(QStringLiteral("m"));
         box.SetSuffixWidth(500);
         box.resize(int(3000 / twipsPerPixel), 100);
+        box.show();
         // Each edge within half a pixel of its place in twips.
         auto at = [&](int px, int twips) {
             return std::abs(px * twipsPerPixel - twips) <= twipsPerPixel / 2;
@@ -134,6 +135,8 @@ private slots:
         QVERIFY(at(box.height(), 315) && at(input.height(), 315));
         QVERIFY(at(input.left(), 1260) && at(input.right() + 1, 2440));
         QVERIFY(at(suffix.left(), 2500) && at(suffix.top(), 60) && at(suffix.right() + 1, 3000));
+        box.resize(box.width(), 40);
+        QVERIFY(at(box.height(), 315));
     }
 
     void labelsShowTheirDecoratedTexts()
