@@ -181,13 +181,21 @@ private slots:
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
         QCOMPARE(zelCaptureLogger::errors.size(), 0);
+        // A logger without the logger's methods: its refusal is shown once,
+        // not logged round and round.
+        scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
+                                            QStringLiteral("zelCtrl.zelGridColumn"));
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        QCOMPARE(scope.fake().messages.size(), 3);
+        QVERIFY(
+            scope.fake().messages[1].text.contains(QStringLiteral("zelGridColumn.ErrorMessage")));
 
         scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
                                             QString::fromLatin1(zelTestScope::LoggerProgId));
         zelCaptureLogger::failing = true;
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
-        QCOMPARE(scope.fake().messages.size(), 2);
+        QCOMPARE(scope.fake().messages.size(), 4);
     }
 
     void trackerCountsAndTracesFirstCall()
