@@ -136,6 +136,14 @@ private slots:
             {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"}, QRect(3600, 0, 1080, 315));
         row("Prp option 3 and Help", "Prp", "English", ZEL_PrpButton_Option3 | ZEL_PrpButton_Help,
             2280, {"cmdHelp", "cmdOption3"}, QRect(1200, 0, 1080, 315));
+        row("Std gaps in the set", "Std", "", 1 | 4 | 32, 3480,
+            {"cmdHelp", "cmdCancel", "cmdOption1"}, QRect(2400, 0, 1080, 315));
+        row("Prp -1 shows all eight", "Prp", "", -1, 9480,
+            {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd", "cmdOption0", "cmdOption1",
+             "cmdOption2", "cmdOption3"},
+            QRect(8400, 0, 1080, 315));
+        row("Prp bits above 128 ignored", "Prp", "", 256 | 512 | 8, 1080, {"cmdAdd"},
+            QRect(0, 0, 1080, 315));
     }
 
     void barSizesItselfAndPlacesButtons()
@@ -191,6 +199,7 @@ private slots:
             row("empty after german", {"german", ""}) << "English" << en << 1080 << 4680 << none;
             row("Deutsch after french", {"french", "Deutsch"})
                 << "Deutsch" << de << 1200 << 5160 << none;
+            row("german with a blank", {"german "}) << "german " << en << 1080 << 4680 << none;
             // The same language again leaves a width the host set since.
             row("german again keeps width", {"german", "ButtonWidth=1500", "GERMAN"})
                 << "german" << de << 1500 << 6360 << QStringList{"ButtonWidth"};
