@@ -30,7 +30,6 @@ private slots:
     void keysIgnoreLetterCase();
     void itemByKeyOrPosition_data();
     void itemByKeyOrPosition();
-    void addBeforePosition();
     void refusalsAnswerFalse();
     void clearLeavesOldEnumeratorsOnOldMembers();
     void matchesPlainModelUnderRandomEdits_data();
@@ -78,22 +77,6 @@ void tst_Collection::itemByKeyOrPosition()
     c.Add(make(30), QStringLiteral("c"));
     const auto item = c.Item(key);
     QCOMPARE(item ? item->id : 0, expected);
-}
-
-void tst_Collection::addBeforePosition()
-{
-    Coll c;
-    c.Add(make(1), QStringLiteral("one"));
-    c.Add(make(3));
-    QVERIFY(c.Add(make(2), QStringLiteral("two"), 2));
-    QVERIFY(c.Add(make(0), QString(), 1));
-    QCOMPARE(c.Count(), 4);
-    std::vector<int> ids;
-    for (const auto &i : c)
-        ids.push_back(i->id);
-    QCOMPARE(ids, (std::vector<int>{0, 1, 2, 3}));
-    QCOMPARE(c.IndexOfKey(QStringLiteral("two")), 3);
-    QCOMPARE(c.IndexOfKey(QStringLiteral("one")), 2);
 }
 
 void tst_Collection::refusalsAnswerFalse()
