@@ -92,20 +92,6 @@ QStringList *recordEvents(zelButtonBar *bar)
     return events;
 }
 
-// A picture file in dir, or a file that only claims to be one.
-QString pictureFile(const QTemporaryDir &dir, bool valid = true)
-{
-    const QString file = dir.filePath(valid ? "star.png" : "broken.png");
-    QImage img(16, 16, QImage::Format_ARGB32);
-    img.fill(Qt::red);
-    QFile f(file);
-    const bool written =
-        valid ? img.save(file) : f.open(QIODevice::WriteOnly) && f.write("not a png") > 0;
-    if (!written)
-        qFatal("cannot write %s", qPrintable(file));
-    return file;
-}
-
 } // namespace
 
 class tst_ButtonBars : public QObject
@@ -474,9 +460,13 @@ private slots:
         QVERIFY(!load(4, pm));
         QVERIFY(!load(2, 42));
         QVERIFY(!load(2, QStringLiteral("/nonexistent/x.png")));
-        bar.SetOptionButtonPicture(3, pictureFile(dir));
+        const QString star = dir.filePath("star.png"), broken = dir.filePath("broken.png");
+        QVERIFY(QImage(16, 16, QImage::Format_ARGB32).save(star));
+        QFile(star).copy(broken);
+        QFile(broken).resize(20);
+        bar.SetOptionButtonPicture(3, star);
         // A broken file leaves the picture there; no file name takes it off.
-        bar.SetOptionButtonPicture(3, pictureFile(dir, false));
+        bar.SetOptionButtonPicture(3, broken);
         bar.SetOptionButtonPicture(1, QString());
         QList<bool> pictures;
         for (int i = 0; i < 4; ++i)
