@@ -51,6 +51,10 @@ void addControls()
 
 } // namespace
 
+Q_DECLARE_METATYPE(zelFrameProps)
+// The layout rows name only the properties they set.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+
 class tst_Frame : public QObject
 {
     Q_OBJECT
@@ -58,69 +62,44 @@ class tst_Frame : public QObject
 private slots:
     void layout_data()
     {
-        QTest::addColumn<QString>("prefix");
-        QTest::addColumn<bool>("colon");
-        QTest::addColumn<int>("prefixWidth");
-        QTest::addColumn<QString>("suffix");
-        QTest::addColumn<bool>("parens");
-        QTest::addColumn<int>("suffixWidth");
+        QTest::addColumn<zelFrameProps>("props");
         QTest::addColumn<int>("inner");
-        QTest::addColumn<QString>("prefixText");
-        QTest::addColumn<QString>("suffixText");
-        QTest::addColumn<bool>("prefixVisible");
-        QTest::addColumn<bool>("suffixVisible");
+        QTest::addColumn<QString>("labels"); // prefix and suffix text, "|" between
         QTest::addColumn<QRect>("input");
         QTest::addColumn<int>("suffixLeft");
-
-        auto row = [](const char *name, const char *prefix, bool colon, int prefixWidth,
-                      const char *suffix, bool parens, int suffixWidth, int inner,
-                      const char *prefixText, const char *suffixText, const QRect &input,
-                      int suffixLeft) {
-            QTest::newRow(name) << QString(prefix) << colon << prefixWidth << QString(suffix)
-                                << parens << suffixWidth << inner << QString(prefixText)
-                                << QString(suffixText) << (*prefixText || prefixWidth)
-                                << bool(*suffixText) << input << suffixLeft;
+        auto row = [](const char *name, const zelFrameProps &p, int inner, const char *labels,
+                      const QRect &input, int suffixLeft) {
+            QTest::newRow(name) << p << inner << QString(labels) << input << suffixLeft;
         };
-        row("bare", "", false, 0, "", false, 0, 3000, "", "", QRect(0, 0, 3000, 315), 3000);
-        row("empty prefix with colon hides label", "", true, 0, "", false, 0, 3000, "", "",
+        const QString m = QStringLiteral("m");
+        row("bare", {}, 3000, "|", QRect(0, 0, 3000, 315), 3000);
+        row("empty prefix with colon hides label", {.PrefixColon = true}, 3000, "|",
             QRect(0, 0, 3000, 315), 3000);
-        row("prefix with colon", "Name", true, 0, "", false, 0, 3000, "Name:", "",
+        row("prefix with colon", {.Prefix = "Name", .PrefixColon = true}, 3000, "Name:|",
             QRect(560, 0, 2440, 315), 3000);
-        row("fixed empty prefix still visible", "", false, 1200, "", false, 0, 3000, "", "",
+        row("fixed empty prefix still visible", {.PrefixWidth = 1200}, 3000, "|",
             QRect(1260, 0, 1740, 315), 3000);
-        row("suffix with parens", "", false, 0, "m", true, 0, 3000, "", "(m)",
+        row("suffix with parens", {.Suffix = m, .SuffixParens = true}, 3000, "|(m)",
             QRect(0, 0, 2640, 315), 2700);
-        row("empty suffix with parens adds nothing", "", false, 0, "", true, 0, 3000, "", "",
+        row("empty suffix with parens adds nothing", {.SuffixParens = true}, 3000, "|",
             QRect(0, 0, 3000, 315), 3000);
-        row("fixed suffix width", "A", false, 0, "B", false, 500, 3000, "A", "B",
+        row("fixed suffix width", {.Prefix = "A", .Suffix = "B", .SuffixWidth = 500}, 3000, "A|B",
             QRect(160, 0, 2280, 315), 2500);
-        row("input never below 400", "", false, 900, "", false, 0, 1000, "", "",
-            QRect(960, 0, 400, 315), 1000);
-        row("both labels squeeze to 400", "Prefix", false, 0, "Suffix", false, 0, 1000, "Prefix",
-            "Suffix", QRect(660, 0, 400, 315), 400);
+        row("input never below 400", {.PrefixWidth = 900}, 1000, "|", QRect(960, 0, 400, 315),
+            1000);
+        row("both labels squeeze to 400", {.Prefix = "Prefix", .Suffix = "Suffix"}, 1000,
+            "Prefix|Suffix", QRect(660, 0, 400, 315), 400);
     }
 
     void layout()
     {
-        QFETCH(QString, prefix);
-        QFETCH(bool, colon);
-        QFETCH(int, prefixWidth);
-        QFETCH(QString, suffix);
-        QFETCH(bool, parens);
-        QFETCH(int, suffixWidth);
+        QFETCH(zelFrameProps, props);
         QFETCH(int, inner);
-        zelFrameProps p;
-        p.Prefix = prefix;
-        p.PrefixColon = colon;
-        p.PrefixWidth = prefixWidth;
-        p.Suffix = suffix;
-        p.SuffixParens = parens;
-        p.SuffixWidth = suffixWidth;
-        const zelFrameLayout l = zelLayoutFrame(p, inner, fixedWidth);
-        QTEST(l.PrefixText, "prefixText");
-        QTEST(l.SuffixText, "suffixText");
-        QTEST(l.PrefixVisible, "prefixVisible");
-        QTEST(l.SuffixVisible, "suffixVisible");
+        QFETCH(QString, labels);
+        const zelFrameLayout l = zelLayoutFrame(props, inner, fixedWidth);
+        QCOMPARE(l.PrefixText + '|' + l.SuffixText, labels);
+        QCOMPARE(l.PrefixVisible, !l.PrefixText.isEmpty() || props.PrefixWidth);
+        QCOMPARE(l.SuffixVisible, !l.SuffixText.isEmpty());
         QTEST(l.InputRect, "input");
         QTEST(l.SuffixRect.left(), "suffixLeft");
         QCOMPARE(l.PrefixRect.topLeft(), QPoint(0, 60));
