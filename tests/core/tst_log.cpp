@@ -255,34 +255,6 @@ private slots:
         QCOMPARE(zelCaptureLogger::errors[0][3].toInt(), number);
         QCOMPARE(zelCaptureLogger::errors[0][6].toString(), QStringLiteral("Finished"));
     }
-
-    void minHeightList_data()
-    {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<bool>("first");
-        QTest::addColumn<bool>("second");
-        QTest::addColumn<int>("height");
-        QTest::newRow("0 rows") << 0 << false << false << 20;
-        QTest::newRow("negative rows") << -5 << false << false << 20;
-        QTest::newRow("3 rows both bands") << 3 << true << true << 92;
-        QTest::newRow("12 rows capped") << 12 << false << false << 194;
-        QTest::newRow("20 rows both bands") << 20 << true << true << 214;
-        QTest::newRow("11 rows first band capped") << 11 << true << false << 194;
-    }
-
-    void minHeightList()
-    {
-        QFETCH(int, rows);
-        QFETCH(bool, first);
-        QFETCH(bool, second);
-        QFETCH(int, height);
-        zelTestScope scope;
-        QCOMPARE(mMain::MinHeightList(rows, first, second), height);
-        QCOMPARE(zelCaptureLogger::errors.size(), 0);
-        // Overflow is the procedure's own logged failure.
-        mMain::MinHeightList(std::numeric_limits<qint32>::max(), false, false);
-        QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), 1);
-    }
 };
 
 QTEST_MAIN(tst_Log)
