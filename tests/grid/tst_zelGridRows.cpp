@@ -201,8 +201,10 @@ private slots:
                         {"Checked", true},
                         {"RowColor", 255u}});
 
-        // A row made by program identifier joins a collection by reference.
-        QObject *made = zel::CreateObject(QStringLiteral("zelCtrl.zelGridRow"));
+        // A row made by program identifier joins a collection by reference;
+        // its maker still deletes it.
+        std::unique_ptr<QObject> owned(zel::CreateObject(QStringLiteral("zelCtrl.zelGridRow")));
+        QObject *made = owned.get();
         zel::SetProperty(made, QStringLiteral("Key"), QStringLiteral("m"));
         QVERIFY(zel::CallByName(rows.get(), QStringLiteral("Add"), {QVariant::fromValue(made)})
                     .toBool());
