@@ -427,7 +427,10 @@ template <typename Ptr> struct KeyedStore
         size_t m_i = 0;
     };
     static const_iterator begin(const Storage &s) { return const_iterator(&s.chunks, 0); }
-    static const_iterator end(const Storage &s) { return const_iterator(&s.chunks, s.chunks.size()); }
+    static const_iterator end(const Storage &s)
+    {
+        return const_iterator(&s.chunks, s.chunks.size());
+    }
 };
 
 } // namespace zel::detail

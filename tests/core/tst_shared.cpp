@@ -1,8 +1,6 @@
-// Objects made by program identifier meet collections that hold shared
-// references: in whatever order the maker, a parent and the collections let
-// go, each object is freed once, by the last of them; a delete of an object
-// that the host never owned frees nothing and is logged. Under the address
-// sanitizer a double free or a read of a freed member fails here.
+// In whatever order the maker, a parent and the collections let go of an
+// object made by program identifier, it is freed once, by the last of them;
+// a delete of an object the host never owned frees nothing and is logged.
 
 #include "core/zelShared.h"
 #include "platform/zelLateBinding.h"
@@ -43,8 +41,8 @@ private slots:
             zelTestScope scope;
             const QString key = kind.endsWith(u"Row") ? "Key" : "Caption";
             auto parent = std::make_unique<QObject>();
-            std::unique_ptr<QObject> first(zel::CreateObject(kind + 's'));
-            std::unique_ptr<QObject> second(zel::CreateObject(kind + 's'));
+            std::unique_ptr<QObject> first(zel::CreateObject(kind + 's')),
+                second(zel::CreateObject(kind + 's'));
             QObject *member = nullptr;
             int freed = 0;
             const QStringList list = steps.split(u' ');
@@ -52,15 +50,17 @@ private slots:
                 const QString &s = list[i];
                 QObject *coll = (s.endsWith(u'2') ? second : first).get();
                 if (i == 0) {
-                    member = s == "create" ? zel::ObjectOf(zel::CallByName(coll, "Create", {"k", 0}))
-                                           : zel::CreateObject(kind, s == "parent" ? parent.get() : nullptr);
+                    member = s == "create"
+                                 ? zel::ObjectOf(zel::CallByName(coll, "Create", {"k", 0}))
+                                 : zel::CreateObject(kind, s == "parent" ? parent.get() : nullptr);
                     zel::SetProperty(member, key, "k");
                     connect(member, &QObject::destroyed, [&] { ++freed; });
                 }
                 if (s.startsWith(u"add"))
                     QVERIFY(zel::CallByName(coll, "Add", {QVariant::fromValue(member)}).toBool());
                 else if (s.startsWith(u"read"))
-                    QCOMPARE(zel::ObjectOf(zel::CallByName(coll, "Item", {"K"}))->property(qPrintable(key)),
+                    QCOMPARE(zel::ObjectOf(zel::CallByName(coll, "Item", {"K"}))
+                                 ->property(qPrintable(key)),
                              QVariant("k"));
                 else if (s == "delete")
                     delete member;
