@@ -156,9 +156,7 @@ private slots:
         auto *p = new zelColorPicker(&window);
         p->setGeometry(0, 0, 60, 30);
         const QImage unfocused = swatch(*p)->grab().toImage();
-        window.show();
-        if (!QTest::qWaitForWindowActive(&window))
-            QSKIP("the platform cannot activate windows");
+        QVERIFY(zelShowActive(window));
         p->setFocus();
         QTRY_VERIFY(p->hasFocus());
         const QImage focused = swatch(*p)->grab().toImage();
