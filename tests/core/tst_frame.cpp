@@ -151,7 +151,10 @@ private slots:
         x.f->SetPrefixColon(true);
         x.f->SetSuffixParens(true);
         QCOMPARE(prefix->text() + suffix->text(), QStringLiteral("Name:(m)"));
-        QVERIFY(at(x.txt->x(), x.f->FrameLayout().PrefixRect.width() + 60));
+        // The input starts 60 twips right of the prefix label.
+        const int gap = x.txt->x() - prefix->geometry().right() - 1;
+        QVERIFY2(std::abs(gap * twipsPerPixel - 60) <= twipsPerPixel,
+                 qPrintable(QString::number(gap)));
         x.f->SetPrefix(QString());
         QVERIFY(prefix->isHidden());
         QCOMPARE(x.txt->x(), 0);

@@ -240,15 +240,6 @@ private slots:
         real.MessageBox(QStringLiteral("text"), QStringLiteral("title"), form);
         QVERIFY(!QApplication::activeModalWidget());
     }
-
-    void userModeIsAmbient()
-    {
-        QWidget form;
-        auto *child = new QWidget(&form);
-        QVERIFY(zel::UserMode(child));
-        zel::SetUserMode(&form, false);
-        QVERIFY(!zel::UserMode(child));
-    }
 };
 
 QTEST_MAIN(tst_Platform)
