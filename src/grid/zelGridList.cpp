@@ -91,14 +91,17 @@ zelGridList::zelGridList(QWidget *parent)
     cols->setStretchLastSection(false);
     cols->setHighlightSections(false);
     cols->setSectionsClickable(false);
+    // A column is as narrow as its Width says: the style's minimum would
+    // widen a check-box column and leave the sized column short of the edge.
+    cols->setMinimumSectionSize(0);
     connect(cols, &QHeaderView::sectionResized, this, [this](int i, int, int size) {
-        if (!m_applyingWidths && i >= 0 && i < int(m_colWidths.size())) {
+        if (!m_applyingWidths && i >= 0 && i < int(m_colWidths.size()))
             m_colWidths[size_t(i)] = zel::PixelsToTwips(size);
-            ++m_sizeStamp;
-        }
     });
-    connect(m_vfgItems->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
-        EnableControls();
+    connect(m_vfgItems->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { EnableControls(); });
+    // A new current cell, even in the same row, is a row-and-column change.
+    connect(m_vfgItems->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
         if (!m_busy)
             NoteSelectionChange();
     });
@@ -115,7 +118,8 @@ zelGridList::zelGridList(QWidget *parent)
                 if (!m_busy)
                     NoteSelectionChange();
             });
-    m_vfgItems->viewport()->installEventFilter(this);
+    m_viewport = m_vfgItems->viewport();
+    m_viewport->installEventFilter(this);
 
     auto makeButton = [this](const char *name) {
         auto *b = new QPushButton(this);
@@ -160,6 +164,7 @@ zelGridList::~zelGridList()
     // closes on the way must find them, and must raise nothing to a host
     // whose control is going.
     m_destroying = true;
+    m_viewport->removeEventFilter(this);
     delete m_vfgItems;
     m_vfgItems = nullptr;
 }
@@ -519,6 +524,8 @@ void zelGridList::cmdUp_Click()
         // and the current row follows the moved one.
         m_model->RowsChanged(to, r);
         SelectRow(to);
+        // The host hears of the new current row before it hears of the move.
+        FlushSelectionEvents();
         qint32 lNewRow = to;
         emit RowMoved(r, lNewRow);
         if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_items->Count())
@@ -538,6 +545,7 @@ void zelGridList::cmdDown_Click()
             return;
         m_model->RowsChanged(r, to);
         SelectRow(to);
+        FlushSelectionEvents();
         qint32 lNewRow = to;
         emit RowMoved(r, lNewRow);
         if (lNewRow != to && lNewRow >= 1 && lNewRow <= m_items->Count())
@@ -685,25 +693,10 @@ qint32 zelGridList::GridClientWidth() const
     return zel::PixelsToTwips(GridClientPixels());
 }
 
-bool zelGridList::SizingChanged() const
-{
-    // Everything else that SizeColZero reads (the grid's columns, widths and
-    // room) changes only where SizeColZero runs at once, or bumps the stamp.
-    if (m_sized.stamp != m_sizeStamp || m_sized.count != (m_columns ? m_columns->Count() : -1))
-        return true;
-    if (m_sized.sizeCol < 0)
-        return false;
-    const auto col = m_columns->Items().ItemAt(m_sized.sizeCol + 1);
-    return !col || col->Width() != m_sized.objectWidth;
-}
-
 void zelGridList::SizeColZero()
 {
     const QString &name = trailName("SizeColZero");
     zel::Trail t(name);
-    SizeMemo sized;
-    sized.stamp = m_sizeStamp;
-    sized.count = m_columns ? m_columns->Count() : -1;
     t.Run([&] {
         if (!m_autoSizeColZero || !m_columns)
             return;
@@ -727,8 +720,6 @@ void zelGridList::SizeColZero()
         if (!col)
             throw zelError(zelError::SubscriptOutOfRange);
         const qint32 w = col->Width();
-        sized.sizeCol = sizeCol;
-        sized.objectWidth = w;
         const qint32 client = GridClientWidth();
         mLog::TraceLog(name, QStringLiteral("Grd Width:"), QString::number(client));
         mLog::TraceLog(name, QStringLiteral("Col Width:"), QString::number(w));
@@ -746,7 +737,6 @@ void zelGridList::SizeColZero()
             SetColumnWidth(sizeCol, w);
         }
     });
-    m_sized = sized;
 }
 
 // ---------------------------------------------------------------- rows
@@ -800,11 +790,7 @@ std::shared_ptr<zelGridRow> zelGridList::AddItemEx(const QString &sRowText, cons
             else
                 SelectItem(sKey);
         }
-        // A row changes nothing that the sizing reads: it runs again only
-        // when something else did (its log would otherwise take a line per
-        // row).
-        if (SizingChanged())
-            SizeColZero();
+        SizeColZero();
         if (lRow <= CurrentRow() + 1)
             EnableControls();
     });
@@ -1081,7 +1067,7 @@ qint32 zelGridList::CurrentColumn() const
 
 void zelGridList::NoteSelectionChange()
 {
-    m_selectionPending = true;
+    ++m_selectionPending;
     if (m_selectionQueued)
         return;
     m_selectionQueued = true;
@@ -1098,10 +1084,11 @@ void zelGridList::NoteSelectionChange()
 
 void zelGridList::FlushSelectionEvents()
 {
-    if (!m_selectionPending || m_busy)
-        return;
-    m_selectionPending = false;
-    vfgItems_RowColChange();
+    // Each change (of the current cell, of the selection) raises its pair.
+    while (m_selectionPending > 0 && !m_busy) {
+        --m_selectionPending;
+        vfgItems_RowColChange();
+    }
 }
 
 void zelGridList::vfgItems_RowColChange()
@@ -1284,7 +1271,8 @@ void zelGridList::resizeEvent(QResizeEvent *event)
 bool zelGridList::eventFilter(QObject *watched, QEvent *event)
 {
     // A scroll bar coming or going changes the room that column zero fills.
-    if (watched == m_vfgItems->viewport() && event->type() == QEvent::Resize)
+    // The grid's parts may still send events while the list is taken apart.
+    if (!m_destroying && watched == m_viewport && event->type() == QEvent::Resize)
         SizeColZero();
     return QWidget::eventFilter(watched, event);
 }

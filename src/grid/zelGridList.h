@@ -232,8 +232,6 @@ private:
     void ApplyLanguage();
     void ApplySelectionMode();
     void MarkChanged(const QString &name) { emit PropertyChanged(name); }
-    // Whether SizeColZero could size differently than it did last time.
-    bool SizingChanged() const;
 
     void cmdAdd_Click();
     void cmdEdit_Click();
@@ -265,6 +263,7 @@ private:
 
     QLabel *m_lblCaption = nullptr;
     zelGridView *m_vfgItems = nullptr;
+    QWidget *m_viewport = nullptr; // the grid's, watched for its size
     zelGridModel *m_model = nullptr;
     zelGridDelegate *m_delegate = nullptr;
     QPushButton *m_cmdAdd = nullptr;
@@ -295,18 +294,8 @@ private:
     bool m_committing = false;
     bool m_applyingWidths = false;
     bool m_laying = false;
-    bool m_selectionPending = false;
+    int m_selectionPending = 0; // selection changes not yet raised
     bool m_selectionQueued = false;
     std::vector<qint32> m_colWidths; // twips, per grid column
-    // What the last SizeColZero read: a user's column resize bumps the stamp.
-    struct SizeMemo
-    {
-        quint64 stamp = ~quint64(0);
-        qint32 count = -1;
-        int sizeCol = -1;
-        qint32 objectWidth = 0;
-    };
-    SizeMemo m_sized;
-    quint64 m_sizeStamp = 0;
     zelGridListLayout m_layout;
 };

@@ -139,6 +139,44 @@ private slots:
         QCOMPARE(g->ColumnWidth(0), g->GridClientWidth() - 1000);
         QCOMPARE(g->Grid()->horizontalHeader()->sectionSize(1), qRound(1000 / 15.0));
     }
+    void sizeColZeroOnAShownForm_data()
+    {
+        QTest::addColumn<double>("twipsPerPixel");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("96 DPI") << 15.0 << 0;
+        QTest::newRow("144 DPI") << 10.0 << 0;
+        QTest::newRow("96 DPI, rows past a screen") << 15.0 << 60;
+        QTest::newRow("144 DPI, rows past a screen") << 10.0 << 60;
+    }
+
+    void sizeColZeroOnAShownForm()
+    {
+        QFETCH(double, twipsPerPixel);
+        QFETCH(int, rows);
+        zelTestScope scope;
+        scope.fake().twipsPerPixel = twipsPerPixel;
+        QWidget form;
+        form.resize(900, 500);
+        auto *g = new zelGridList(&form);
+        g->setGeometry(0, 0, 800, 400);
+        g->SetCheckBoxes(true);
+        g->AddColumn(QStringLiteral("Name"))->SetWidth(900);
+        g->AddColumn(QStringLiteral("Value"), ZEL_ColumnAlignRight)->SetWidth(1200);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        g->RefreshColumns();
+        for (int i = 0; i < rows; ++i)
+            g->AddItem(QStringLiteral("\tN\t1"), QString());
+        QCoreApplication::processEvents();
+        QCOMPARE(g->ColumnWidth(1), g->GridClientWidth() - 240 - 1200);
+        // On the screen the columns meet the grid's right edge exactly.
+        const QHeaderView *h = g->Grid()->horizontalHeader();
+        QCOMPARE(h->sectionSize(0), qRound(240 / twipsPerPixel));
+        QCOMPARE(h->sectionSize(2), qRound(1200 / twipsPerPixel));
+        QCOMPARE(h->sectionSize(0) + h->sectionSize(1) + h->sectionSize(2),
+                 g->Grid()->viewport()->width());
+    }
+
     void checkBoxesSwitchTheFirstColumn_data()
     {
         QTest::addColumn<QString>("switches"); // "1" on, "0" off, in order

@@ -98,12 +98,17 @@ private slots:
                                                   << "ABC" << 0;
         QTest::newRow("bar help is not for the list") << "barHelp" << 2 << ""
                                                       << "ABC" << 2;
-        QTest::newRow("up") << "cmdUp" << 3 << "RowMoved(3,2);SelectedItem(c,2);SelectionChanged"
+        // The new current row's selection events (one pair for the current
+        // cell, one for the selection) come before RowMoved.
+        QTest::newRow("up") << "cmdUp" << 3
+                            << "SelectedItem(c,2);SelectionChanged;SelectedItem(c,2);"
+                               "SelectionChanged;RowMoved(3,2)"
                             << "ACB" << 2;
         QTest::newRow("up on the first does nothing") << "cmdUp" << 1 << ""
                                                       << "ABC" << 1;
         QTest::newRow("down") << "cmdDown" << 1
-                              << "RowMoved(1,2);SelectedItem(a,2);SelectionChanged"
+                              << "SelectedItem(a,2);SelectionChanged;SelectedItem(a,2);"
+                                 "SelectionChanged;RowMoved(1,2)"
                               << "BAC" << 2;
         QTest::newRow("down on the last does nothing") << "cmdDown" << 3 << ""
                                                        << "ABC" << 3;
@@ -163,23 +168,66 @@ private slots:
         QCOMPARE(ev.joined(), QStringLiteral("OptionClicked(2);OptionClicked(0)"));
     }
 
-    void userSelectionRaisesOnePairOfEvents()
+    void userActionsRaiseTheirSelectionEvents_data()
     {
+        QTest::addColumn<QString>("actions"); // "c<row><column>" click, "k<key>", "b<button>"
+        QTest::addColumn<QString>("events");
+
+        auto pair = [](const char *key, int row) {
+            return QStringLiteral("SelectedItem(%1,%2);SelectionChanged")
+                .arg(QLatin1String(key))
+                .arg(row);
+        };
+        // Row A (column 0) is current and selected to begin with. A change of
+        // the current cell and a change of the selection raise a pair each.
+        QTest::newRow("click another row") << "c21" << pair("b", 2) + ";" + pair("b", 2);
+        QTest::newRow("click the current cell") << "c10" << "";
+        QTest::newRow("click another column of the current row") << "c11" << pair("a", 1);
+        QTest::newRow("down key") << "kDown" << pair("b", 2) + ";" + pair("b", 2);
+        QTest::newRow("right key") << "kRight" << pair("a", 1);
+        QTest::newRow("up key on the first row") << "kUp" << "";
+        QTest::newRow("down button")
+            << "bcmdDown" << pair("a", 2) + ";" + pair("a", 2) + ";RowMoved(1,2)";
+        QTest::newRow("click, then up button")
+            << "c30,bcmdUp"
+            << pair("c", 3) + ";" + pair("c", 3) + ";" + pair("c", 2) +
+                   ";" + pair("c", 2) + ";RowMoved(3,2)";
+        QTest::newRow("host selecting raises nothing") << "sb" << "";
+    }
+
+    void userActionsRaiseTheirSelectionEvents()
+    {
+        QFETCH(QString, actions);
+        QFETCH(QString, events);
         zelTestScope scope;
-        auto g = shownList();
+        QWidget form;
+        form.resize(900, 500);
+        zelGridList *g = makeList().release();
+        g->setParent(&form);
+        g->setGeometry(0, 0, 800, 400);
+        g->SetButtonsOnSide(true);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        g->Grid()->setFocus();
+        QCoreApplication::processEvents();
         zelGridEvents ev;
         ev.watch(*g);
-        click(*g, 2, 1);
-        QTest::keyClick(g->Grid(), Qt::Key_Down);
-        // Clicking the current row again changes nothing; nor does the host's own selecting.
-        click(*g, 3, 1);
-        QVERIFY(g->SelectItem(QStringLiteral("A")));
-        QVERIFY(!g->SelectItem(QStringLiteral("zz")));
-        QCoreApplication::processEvents();
-        QCOMPARE(ev.joined(), QStringLiteral("SelectedItem(b,2);SelectionChanged;"
-                                             "SelectedItem(c,3);SelectionChanged"));
-        QCOMPARE(g->CurrentRow(), 1);
-        QCOMPARE(selectedKeys(*g), QStringLiteral("a"));
+        for (const QString &a : actions.split(QLatin1Char(','))) {
+            if (a.startsWith(QLatin1Char('c'))) {
+                click(*g, a.mid(1, 1).toInt(), a.mid(2, 1).toInt());
+            } else if (a.startsWith(QLatin1Char('k'))) {
+                QTest::keyClick(g->Grid(), a == QLatin1String("kDown")    ? Qt::Key_Down
+                                           : a == QLatin1String("kUp")    ? Qt::Key_Up
+                                                                          : Qt::Key_Right);
+            } else if (a.startsWith(QLatin1Char('b'))) {
+                QPushButton *b = button(*g, a.mid(1));
+                QTest::mouseClick(b, Qt::LeftButton, {}, b->rect().center());
+            } else {
+                QVERIFY(g->SelectItem(a.mid(1)));
+            }
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(ev.joined(), events);
     }
 
     void currentAndSelectionFollowTheirRows_data()
