@@ -3,7 +3,6 @@
 #include "buttons/zelPrpButtons.h"
 #include "core/mLog.h"
 #include "core/zelConvert.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
 #include "grid/zelGridList_p.h"
@@ -176,20 +175,6 @@ QTableView *zelGridList::Grid() const
 
 // ---------------------------------------------------------------- properties
 
-void zelGridList::SetLanguage(const QString &v)
-{
-    zel::Trail t(this, "Language Let");
-    t.Run([&] {
-        const QString language = v.isEmpty() ? QStringLiteral("English") : v;
-        if (language.compare(m_language, Qt::CaseInsensitive) == 0)
-            return;
-        m_language = language;
-        m_mpbProps->SetLanguage(language);
-        ApplyLanguage();
-        LayoutControl();
-    });
-}
-
 void zelGridList::ApplyLanguage()
 {
     const QString lower = m_language.toLower();
@@ -205,125 +190,6 @@ void zelGridList::ApplyLanguage()
     m_cmdDelete->setText(QString::fromUtf8(c->remove));
 }
 
-void zelGridList::SetCaption(const QString &v)
-{
-    zel::Trail t(this, "Caption Let");
-    t.Run([&] {
-        m_caption = v;
-        m_lblCaption->setText(v);
-        MarkChanged(QStringLiteral("Caption"));
-        LayoutControl();
-    });
-}
-
-void zelGridList::SetAutoSizeColZero(const QVariant &v)
-{
-    zel::Trail t(this, "AutoSizeColZero Let");
-    t.Run([&] {
-        m_autoSizeColZero = zel::CBool(v);
-        MarkChanged(QStringLiteral("AutoSizeColZero"));
-        SizeColZero();
-    });
-}
-
-void zelGridList::SetCheckBoxes(const QVariant &v)
-{
-    zel::Trail t(this, "CheckBoxes Let");
-    t.Run([&] {
-        const bool on = zel::CBool(v);
-        if (on == m_checkBoxes)
-            return;
-        if (on) {
-            auto columns = std::make_shared<zelGridColumns>();
-            auto check = columns->Create(QString(), ZEL_ColumnAlignCenter);
-            check->SetAllowEdit(true);
-            check->SetDataType(zelGridType::Boolean);
-            check->SetWidth(240);
-            for (const auto &col : *m_columns)
-                columns->Add(col);
-            m_columns = columns;
-        } else {
-            m_columns->Remove(1);
-        }
-        m_checkBoxes = on;
-        MarkChanged(QStringLiteral("CheckBoxes"));
-        InitGrid();
-    });
-}
-
-void zelGridList::SetEnabled(const QVariant &v)
-{
-    zel::Trail t(this, "Enabled Let");
-    t.Run([&] {
-        m_enabled = zel::CBool(v);
-        QWidget::setEnabled(m_enabled);
-        MarkChanged(QStringLiteral("Enabled"));
-    });
-}
-
-void zelGridList::SetSelectionCol(const QVariant &v)
-{
-    zel::Trail t(this, "SelectionCol Let");
-    t.Run([&] {
-        m_selectionCol = zel::CLng(v);
-        m_vfgItems->viewport()->update();
-        MarkChanged(QStringLiteral("SelectionCol"));
-    });
-}
-
-void zelGridList::SetAllowRepeatClicks(const QVariant &v)
-{
-    zel::Trail t(this, "AllowRepeatClicks Let");
-    t.Run([&] {
-        m_allowRepeatClicks = zel::CBool(v);
-        MarkChanged(QStringLiteral("AllowRepeatClicks"));
-    });
-}
-
-void zelGridList::SetButtonsOnSide(const QVariant &v)
-{
-    zel::Trail t(this, "ButtonsOnSide Let");
-    t.Run([&] {
-        m_buttonsOnSide = zel::CBool(v);
-        MarkChanged(QStringLiteral("ButtonsOnSide"));
-        SetVisibleButtons();
-        LayoutControl();
-    });
-}
-
-qint32 zelGridList::ButtonsVisible() const
-{
-    return m_mpbProps->ButtonsVisible();
-}
-
-void zelGridList::SetButtonsVisible(const QVariant &v)
-{
-    zel::Trail t(this, "ButtonsVisible Let");
-    t.Run([&] {
-        const qint32 bits = zel::CLng(v);
-        m_mpbProps->SetButtonsVisible(bits);
-        MarkChanged(QStringLiteral("ButtonsVisible"));
-        SetVisibleButtons();
-        LayoutControl();
-    });
-}
-
-qint32 zelGridList::ButtonsEnabled() const
-{
-    return m_mpbProps->ButtonsEnabled();
-}
-
-void zelGridList::SetButtonsEnabled(const QVariant &v)
-{
-    zel::Trail t(this, "ButtonsEnabled Let");
-    t.Run([&] {
-        const qint32 bits = zel::CLng(v);
-        m_mpbProps->SetButtonsEnabled(bits);
-        MarkChanged(QStringLiteral("ButtonsEnabled"));
-        EnableControls();
-    });
-}
-
 QString zelGridList::OptionButtonCaption(qint32 Index) const
 {
     return m_mpbProps->OptionButtonCaption(Index);
@@ -333,19 +199,6 @@ void zelGridList::SetOptionButtonCaption(qint32 Index, const QString &sCaption)
 {
     zel::Trail t(this, "OptionButtonCaption Let");
     t.Run([&] { m_mpbProps->SetOptionButtonCaption(Index, sCaption); });
-}
-
-void zelGridList::SetHighlightSelection(const QVariant &v)
-{
-    zel::Trail t(this, "HighlightSelection Let");
-    t.Run([&] {
-        const qint32 h = zel::CLng(v);
-        if (h < ZEL_Highlight_Never || h > ZEL_Highlight_WithFocus)
-            throw zelError(zelError::InvalidPropertyValue);
-        m_highlight = ZEL_Controls_HighlightSelections(h);
-        m_vfgItems->viewport()->update();
-        MarkChanged(QStringLiteral("HighlightSelection"));
-    });
 }
 
 std::shared_ptr<zelGridRows> zelGridList::SelectedItems()
@@ -369,63 +222,10 @@ std::shared_ptr<zelGridRow> zelGridList::RowData(qint32 lRow) const
     return m_items->ItemAt(lRow);
 }
 
-void zelGridList::SetBorderStyle(const QVariant &v)
-{
-    zel::Trail t(this, "BorderStyle Let");
-    t.Run([&] {
-        const qint16 b = zel::CInt(v);
-        if (b != 0 && b != 1)
-            throw zelError(zelError::InvalidPropertyValue);
-        m_borderStyle = b;
-        m_vfgItems->setFrameShape(b ? QFrame::StyledPanel : QFrame::NoFrame);
-        MarkChanged(QStringLiteral("BorderStyle"));
-        SizeColZero();
-    });
-}
-
-void zelGridList::SetTopMargin(const QVariant &v)
-{
-    zel::Trail t(this, "TopMargin Let");
-    t.Run([&] {
-        m_topMargin = zel::CLng(v);
-        MarkChanged(QStringLiteral("TopMargin"));
-        LayoutControl();
-    });
-}
-
-void zelGridList::SetMargin(const QVariant &v)
-{
-    zel::Trail t(this, "Margin Let");
-    t.Run([&] {
-        m_margin = zel::CLng(v);
-        MarkChanged(QStringLiteral("Margin"));
-        LayoutControl();
-    });
-}
-
-void zelGridList::SetMultiSelect(const QVariant &v)
-{
-    zel::Trail t(this, "MultiSelect Let");
-    t.Run([&] {
-        m_multiSelect = zel::CBool(v);
-        ApplySelectionMode();
-        m_model->RowsChanged(1, m_items->Count());
-    });
-}
-
 void zelGridList::ApplySelectionMode()
 {
     m_vfgItems->setSelectionMode(m_multiSelect ? QAbstractItemView::ExtendedSelection
                                                : QAbstractItemView::SingleSelection);
-}
-
-void zelGridList::SetEditOnFocus(const QVariant &v)
-{
-    zel::Trail t(this, "EditOnFocus Let");
-    t.Run([&] {
-        m_editOnFocus = zel::CBool(v);
-        MarkChanged(QStringLiteral("EditOnFocus"));
-    });
 }
 
 // ---------------------------------------------------------------- buttons
@@ -1275,71 +1075,4 @@ bool zelGridList::eventFilter(QObject *watched, QEvent *event)
     if (!m_destroying && watched == m_viewport && event->type() == QEvent::Resize)
         SizeColZero();
     return QWidget::eventFilter(watched, event);
-}
-
-// ---------------------------------------------------------------- persistence
-
-void zelGridList::InitProperties()
-{
-    zel::Trail t(this, "UserControl_InitProperties");
-    t.Run([&] {
-        SetBorderStyle(1);
-        SetMargin(120);
-        SetTopMargin(240);
-        SetButtonsVisible(15);
-        SetButtonsEnabled(15);
-        SetEnabled(true);
-        SetHighlightSelection(int(ZEL_Highlight_WithFocus));
-        SetCaption(QString());
-        SetButtonsOnSide(false);
-        SetAllowRepeatClicks(false);
-        SetSelectionCol(-2);
-        SetCheckBoxes(false);
-        SetEditOnFocus(false);
-        SetAutoSizeColZero(true);
-        SetLanguage(QStringLiteral("English"));
-    });
-}
-
-void zelGridList::ReadProperties(zelPropertyBag &bag)
-{
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Run([&] {
-        zel::PropertyReader r(bag, this);
-        SetBorderStyle(r.Int(QStringLiteral("BorderStyle"), 1));
-        SetMargin(r.Long(QStringLiteral("Margin"), 120));
-        SetTopMargin(r.Long(QStringLiteral("TopMargin"), 240));
-        SetButtonsVisible(r.Long(QStringLiteral("ButtonsVisible"), 15));
-        SetButtonsEnabled(r.Long(QStringLiteral("ButtonsEnabled"), 15));
-        SetEnabled(r.Bool(QStringLiteral("Enabled"), true));
-        SetHighlightSelection(r.Long(QStringLiteral("HighlightSelection"), 2));
-        SetCaption(r.String(QStringLiteral("Caption"), QString()));
-        SetButtonsOnSide(r.Bool(QStringLiteral("ButtonsOnSide"), false));
-        SetAllowRepeatClicks(r.Bool(QStringLiteral("AllowRepeatClicks"), false));
-        SetSelectionCol(r.Long(QStringLiteral("SelectionCol"), -2));
-        SetCheckBoxes(r.Bool(QStringLiteral("CheckBoxes"), false));
-        SetEditOnFocus(r.Bool(QStringLiteral("EditOnFocus"), false));
-        SetAutoSizeColZero(r.Bool(QStringLiteral("AutoSizeColZero"), true));
-    });
-}
-
-void zelGridList::WriteProperties(zelPropertyBag &bag) const
-{
-    zel::Trail t(this, "UserControl_WriteProperties");
-    t.Run([&] {
-        bag.WriteProperty(QStringLiteral("BorderStyle"), m_borderStyle, 1);
-        bag.WriteProperty(QStringLiteral("Margin"), m_margin, 120);
-        bag.WriteProperty(QStringLiteral("TopMargin"), m_topMargin, 240);
-        bag.WriteProperty(QStringLiteral("ButtonsVisible"), ButtonsVisible(), 15);
-        bag.WriteProperty(QStringLiteral("ButtonsEnabled"), ButtonsEnabled(), 15);
-        bag.WriteProperty(QStringLiteral("Enabled"), m_enabled, true);
-        bag.WriteProperty(QStringLiteral("HighlightSelection"), int(m_highlight), 2);
-        bag.WriteProperty(QStringLiteral("Caption"), m_caption, QString());
-        bag.WriteProperty(QStringLiteral("ButtonsOnSide"), m_buttonsOnSide, false);
-        bag.WriteProperty(QStringLiteral("AllowRepeatClicks"), m_allowRepeatClicks, false);
-        bag.WriteProperty(QStringLiteral("SelectionCol"), m_selectionCol, -2);
-        bag.WriteProperty(QStringLiteral("CheckBoxes"), m_checkBoxes, false);
-        bag.WriteProperty(QStringLiteral("EditOnFocus"), m_editOnFocus, false);
-        bag.WriteProperty(QStringLiteral("AutoSizeColZero"), m_autoSizeColZero, true);
-    });
 }

@@ -18,7 +18,7 @@
 #include "grid/zelGridEnums.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridRows.h"
-#include "platform/zelPropertyBag.h"
+#include "core/zelProperties.h"
 
 #include <QString>
 #include <QVariant>
@@ -35,7 +35,7 @@ class zelGridModel;
 class zelGridView;
 class zelGridDelegate;
 
-class zelGridList : public QWidget, public zelPersistable
+class zelGridList : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Language READ Language WRITE SetLanguage)
@@ -67,61 +67,78 @@ public:
     // from the current one is ignored. Not persisted.
     QString Language() const { return m_language; }
     void SetLanguage(const QString &v);
+    ZEL_LATE_BOUND(Language)
     // Shown above the grid; empty by default.
     QString Caption() const { return m_caption; }
     void SetCaption(const QString &v);
+    ZEL_LATE_BOUND(Caption)
     // Whether the first non-boolean column fills the width that the other
     // columns leave. By default true; a single column is never sized.
     bool AutoSizeColZero() const { return m_autoSizeColZero; }
-    void SetAutoSizeColZero(const QVariant &v);
+    void SetAutoSizeColZero(bool v);
+    ZEL_LATE_BOUND(AutoSizeColZero)
     // A check box in every data row, as a first column of its own. False by
     // default.
     bool CheckBoxes() const { return m_checkBoxes; }
-    void SetCheckBoxes(const QVariant &v);
+    void SetCheckBoxes(bool v);
+    ZEL_LATE_BOUND(CheckBoxes)
     bool Enabled() const { return m_enabled; }
-    void SetEnabled(const QVariant &v);
+    void SetEnabled(bool v);
+    ZEL_LATE_BOUND(Enabled)
     // The grid column that a selected row highlights; any value outside the
     // columns (the default -2) highlights the whole row.
     qint32 SelectionCol() const { return m_selectionCol; }
-    void SetSelectionCol(const QVariant &v);
+    void SetSelectionCol(qint32 v);
+    ZEL_LATE_BOUND(SelectionCol)
     // Kept and persisted for hosts; false by default.
     bool AllowRepeatClicks() const { return m_allowRepeatClicks; }
-    void SetAllowRepeatClicks(const QVariant &v);
+    void SetAllowRepeatClicks(bool v);
+    ZEL_LATE_BOUND(AllowRepeatClicks)
     // Buttons in a column to the right of the grid (true) or in a bar below
     // it (false, the default).
     bool ButtonsOnSide() const { return m_buttonsOnSide; }
-    void SetButtonsOnSide(const QVariant &v);
+    void SetButtonsOnSide(bool v);
+    ZEL_LATE_BOUND(ButtonsOnSide)
     // ZEL_PrpButtons bit sets; by default 15 (Add, Remove, Properties, Help).
-    qint32 ButtonsVisible() const;
-    void SetButtonsVisible(const QVariant &v);
-    qint32 ButtonsEnabled() const;
-    void SetButtonsEnabled(const QVariant &v);
+    qint32 ButtonsVisible() const { return m_buttonsVisible; }
+    void SetButtonsVisible(qint32 v);
+    ZEL_LATE_BOUND(ButtonsVisible)
+    qint32 ButtonsEnabled() const { return m_buttonsEnabled; }
+    void SetButtonsEnabled(qint32 v);
+    ZEL_LATE_BOUND(ButtonsEnabled)
     Q_INVOKABLE QString OptionButtonCaption(qint32 Index) const;
     Q_INVOKABLE void SetOptionButtonCaption(qint32 Index, const QString &sCaption);
-    // By default ZEL_Highlight_WithFocus.
-    ZEL_Controls_HighlightSelections HighlightSelection() const { return m_highlight; }
-    void SetHighlightSelection(const QVariant &v);
+    // A ZEL_Controls_HighlightSelections; by default ZEL_Highlight_WithFocus.
+    // Another value is refused.
+    qint32 HighlightSelection() const { return m_highlight; }
+    void SetHighlightSelection(qint32 v);
+    ZEL_LATE_BOUND(HighlightSelection)
     std::shared_ptr<zelGridColumns> Columns() const { return m_columns; }
     std::shared_ptr<zelGridRows> Items() const { return m_items; }
     // A new collection of the rows selected now.
     std::shared_ptr<zelGridRows> SelectedItems();
     // The row object of grid row lRow; nothing for another row.
     Q_INVOKABLE std::shared_ptr<zelGridRow> RowData(qint32 lRow) const;
-    // 0 no border, 1 (the default) a single line.
+    // 0 no border, 1 (the default) a single line; another value is refused.
     qint16 BorderStyle() const { return m_borderStyle; }
-    void SetBorderStyle(const QVariant &v);
+    void SetBorderStyle(qint16 v);
+    ZEL_LATE_BOUND(BorderStyle)
     // Twips above the grid (240) and around it (120).
     qint32 TopMargin() const { return m_topMargin; }
-    void SetTopMargin(const QVariant &v);
+    void SetTopMargin(qint32 v);
+    ZEL_LATE_BOUND(TopMargin)
     qint32 Margin() const { return m_margin; }
-    void SetMargin(const QVariant &v);
+    void SetMargin(qint32 v);
+    ZEL_LATE_BOUND(Margin)
     // Several rows may be selected, as in a list box. False by default;
     // not persisted.
     bool MultiSelect() const { return m_multiSelect; }
-    void SetMultiSelect(const QVariant &v);
+    void SetMultiSelect(bool v);
+    ZEL_LATE_BOUND(MultiSelect)
     // Start editing the current cell when the grid gets the focus.
     bool EditOnFocus() const { return m_editOnFocus; }
-    void SetEditOnFocus(const QVariant &v);
+    void SetEditOnFocus(bool v);
+    ZEL_LATE_BOUND(EditOnFocus)
 
     Q_INVOKABLE void ChangeEnabledButtons(ZEL_PrpButtons eButton, bool bEnabled);
     Q_INVOKABLE void ChangeVisibleButtons(ZEL_PrpButtons eButton, bool bVisible);
@@ -163,9 +180,8 @@ public:
     Q_INVOKABLE void RefreshColumns();
     Q_INVOKABLE void FocusOnButton(ZEL_PrpButtons eButton);
 
-    Q_INVOKABLE void InitProperties() override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
+    Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    const zel::zelPropertyTable &Properties() const override;
 
     // The grid's current row (0 when there is none) and column.
     qint32 CurrentRow() const;
@@ -207,6 +223,10 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
+    const QObject *PropertyOwner() const override { return this; }
+    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
+
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -231,7 +251,6 @@ private:
     void SetVisibleButtons();
     void ApplyLanguage();
     void ApplySelectionMode();
-    void MarkChanged(const QString &name) { emit PropertyChanged(name); }
 
     void cmdAdd_Click();
     void cmdEdit_Click();
@@ -273,6 +292,20 @@ private:
     QPushButton *m_cmdDown = nullptr;
     zelPrpButtons *m_mpbProps = nullptr;
 
+    // What a property change refreshes (Refresh), in the order carried out.
+    enum RefreshParts : quint32
+    {
+        RefreshCaption = 0x01,
+        RefreshBorder = 0x02,
+        RefreshEnabled = 0x04,
+        RefreshLanguage = 0x08,
+        RefreshButtons = 0x10,
+        RefreshSelectionMode = 0x20,
+        RefreshLayout = 0x40, // and the sizing
+        RefreshSizing = 0x80,
+        RefreshCells = 0x100,
+    };
+
     QString m_language = QStringLiteral("English");
     QString m_caption;
     bool m_autoSizeColZero = true;
@@ -281,7 +314,9 @@ private:
     qint32 m_selectionCol = -2;
     bool m_allowRepeatClicks = false;
     bool m_buttonsOnSide = false;
-    ZEL_Controls_HighlightSelections m_highlight = ZEL_Highlight_WithFocus;
+    qint32 m_highlight = ZEL_Highlight_WithFocus;
+    qint32 m_buttonsVisible = 15;
+    qint32 m_buttonsEnabled = 15;
     qint16 m_borderStyle = 1;
     qint32 m_topMargin = 240;
     qint32 m_margin = 120;
