@@ -27,13 +27,8 @@
 #include <memory>
 #include <vector>
 
-class QLabel;
-class QPushButton;
 class QTableView;
-class zelPrpButtons;
-class zelGridModel;
-class zelGridView;
-class zelGridDelegate;
+struct zelGridListPrivate;
 
 class zelGridList : public QWidget, public zelPropertyHost
 {
@@ -65,78 +60,78 @@ public:
     // "English" (the default), "German" or "Deutsch": the buttons' captions.
     // "" is taken as "English"; a value that differs only in letter case
     // from the current one is ignored. Not persisted.
-    QString Language() const { return m_language; }
+    QString Language() const;
     void SetLanguage(const QString &v);
     ZEL_LATE_BOUND(Language)
     // Shown above the grid; empty by default.
-    QString Caption() const { return m_caption; }
+    QString Caption() const;
     void SetCaption(const QString &v);
     ZEL_LATE_BOUND(Caption)
     // Whether the first non-boolean column fills the width that the other
     // columns leave. By default true; a single column is never sized.
-    bool AutoSizeColZero() const { return m_autoSizeColZero; }
+    bool AutoSizeColZero() const;
     void SetAutoSizeColZero(bool v);
     ZEL_LATE_BOUND(AutoSizeColZero)
     // A check box in every data row, as a first column of its own. False by
     // default.
-    bool CheckBoxes() const { return m_checkBoxes; }
+    bool CheckBoxes() const;
     void SetCheckBoxes(bool v);
     ZEL_LATE_BOUND(CheckBoxes)
-    bool Enabled() const { return m_enabled; }
+    bool Enabled() const;
     void SetEnabled(bool v);
     ZEL_LATE_BOUND(Enabled)
     // The grid column that a selected row highlights; any value outside the
     // columns (the default -2) highlights the whole row.
-    qint32 SelectionCol() const { return m_selectionCol; }
+    qint32 SelectionCol() const;
     void SetSelectionCol(qint32 v);
     ZEL_LATE_BOUND(SelectionCol)
     // Kept and persisted for hosts; false by default.
-    bool AllowRepeatClicks() const { return m_allowRepeatClicks; }
+    bool AllowRepeatClicks() const;
     void SetAllowRepeatClicks(bool v);
     ZEL_LATE_BOUND(AllowRepeatClicks)
     // Buttons in a column to the right of the grid (true) or in a bar below
     // it (false, the default).
-    bool ButtonsOnSide() const { return m_buttonsOnSide; }
+    bool ButtonsOnSide() const;
     void SetButtonsOnSide(bool v);
     ZEL_LATE_BOUND(ButtonsOnSide)
     // ZEL_PrpButtons bit sets; by default 15 (Add, Remove, Properties, Help).
-    qint32 ButtonsVisible() const { return m_buttonsVisible; }
+    qint32 ButtonsVisible() const;
     void SetButtonsVisible(qint32 v);
     ZEL_LATE_BOUND(ButtonsVisible)
-    qint32 ButtonsEnabled() const { return m_buttonsEnabled; }
+    qint32 ButtonsEnabled() const;
     void SetButtonsEnabled(qint32 v);
     ZEL_LATE_BOUND(ButtonsEnabled)
     Q_INVOKABLE QString OptionButtonCaption(qint32 Index) const;
     Q_INVOKABLE void SetOptionButtonCaption(qint32 Index, const QString &sCaption);
     // A ZEL_Controls_HighlightSelections; by default ZEL_Highlight_WithFocus.
     // Another value is refused.
-    qint32 HighlightSelection() const { return m_highlight; }
+    qint32 HighlightSelection() const;
     void SetHighlightSelection(qint32 v);
     ZEL_LATE_BOUND(HighlightSelection)
-    std::shared_ptr<zelGridColumns> Columns() const { return m_columns; }
-    std::shared_ptr<zelGridRows> Items() const { return m_items; }
+    std::shared_ptr<zelGridColumns> Columns() const;
+    std::shared_ptr<zelGridRows> Items() const;
     // A new collection of the rows selected now.
     std::shared_ptr<zelGridRows> SelectedItems();
     // The row object of grid row lRow; nothing for another row.
     Q_INVOKABLE std::shared_ptr<zelGridRow> RowData(qint32 lRow) const;
     // 0 no border, 1 (the default) a single line; another value is refused.
-    qint16 BorderStyle() const { return m_borderStyle; }
+    qint16 BorderStyle() const;
     void SetBorderStyle(qint16 v);
     ZEL_LATE_BOUND(BorderStyle)
     // Twips above the grid (240) and around it (120).
-    qint32 TopMargin() const { return m_topMargin; }
+    qint32 TopMargin() const;
     void SetTopMargin(qint32 v);
     ZEL_LATE_BOUND(TopMargin)
-    qint32 Margin() const { return m_margin; }
+    qint32 Margin() const;
     void SetMargin(qint32 v);
     ZEL_LATE_BOUND(Margin)
     // Several rows may be selected, as in a list box. False by default;
     // not persisted.
-    bool MultiSelect() const { return m_multiSelect; }
+    bool MultiSelect() const;
     void SetMultiSelect(bool v);
     ZEL_LATE_BOUND(MultiSelect)
     // Start editing the current cell when the grid gets the focus.
-    bool EditOnFocus() const { return m_editOnFocus; }
+    bool EditOnFocus() const;
     void SetEditOnFocus(bool v);
     ZEL_LATE_BOUND(EditOnFocus)
 
@@ -193,7 +188,7 @@ public:
     qint32 ColumnWidth(int column) const;
     // The layout last applied, and laying the control out again (its resize
     // handler).
-    const zelGridListLayout &GridLayout() const { return m_layout; }
+    const zelGridListLayout &GridLayout() const;
     void LayoutControl();
     QTableView *Grid() const;
 
@@ -231,10 +226,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    friend class zelGridModel;
-    friend class zelGridView;
-    friend class zelGridDelegate;
-
     void InitGrid();
     void ApplyColumnWidths();
     // Twips, shown as `pixels` when given, else as the twips come to.
@@ -243,10 +234,6 @@ private:
     void SetColorCells(qint32 lRow);
     void SetBackColor(qint32 lRow);
     qint32 FindRow(const QString &sKey) const;
-    // Row lRow was inserted (delta 1) or removed (delta -1): the current row
-    // and the selected rows below it move with their rows.
-    void ShiftSelection(qint32 lRow, int delta);
-    void SelectRow(qint32 lRow);
     void EnableControls();
     void SetVisibleButtons();
     void ApplyLanguage();
@@ -257,13 +244,12 @@ private:
     void cmdDelete_Click();
     void cmdUp_Click();
     void cmdDown_Click();
+    void MoveRow(qint32 r, qint32 to);
     void mpbProps_Add();
     void mpbProps_Remove();
     void mpbProps_Properties();
     void mpbProps_OptionButton(qint32 Index);
     void vfgItems_RowColChange();
-    void vfgItems_AfterSelChange();
-    void vfgItems_SelChanging(const QList<int> &selected, const QList<int> &deselected);
     bool vfgItems_BeforeEdit(qint32 lRow, qint32 lColumn);
     void vfgItems_AfterEdit(qint32 lRow, qint32 lColumn, const QString &sText);
     void vfgItems_EditCancelled();
@@ -271,26 +257,6 @@ private:
     void vfgItems_ChooseColour(qint32 lRow, qint32 lColumn);
     void vfgItems_DblClick();
     void UserControl_EnterFocus();
-
-    // Selection events of one user action are raised once, when it is done.
-    void NoteSelectionChange();
-    void FlushSelectionEvents();
-
-    std::shared_ptr<zelGridColumns> m_columns;
-    std::shared_ptr<zelGridRows> m_items;
-    std::shared_ptr<zelGridRows> m_selectedItems;
-
-    QLabel *m_lblCaption = nullptr;
-    zelGridView *m_vfgItems = nullptr;
-    QWidget *m_viewport = nullptr; // the grid's, watched for its size
-    zelGridModel *m_model = nullptr;
-    zelGridDelegate *m_delegate = nullptr;
-    QPushButton *m_cmdAdd = nullptr;
-    QPushButton *m_cmdEdit = nullptr;
-    QPushButton *m_cmdDelete = nullptr;
-    QPushButton *m_cmdUp = nullptr;
-    QPushButton *m_cmdDown = nullptr;
-    zelPrpButtons *m_mpbProps = nullptr;
 
     // What a property change refreshes (Refresh), in the order carried out.
     enum RefreshParts : quint32
@@ -306,31 +272,5 @@ private:
         RefreshCells = 0x100,
     };
 
-    QString m_language = QStringLiteral("English");
-    QString m_caption;
-    bool m_autoSizeColZero = true;
-    bool m_checkBoxes = false;
-    bool m_enabled = true;
-    qint32 m_selectionCol = -2;
-    bool m_allowRepeatClicks = false;
-    bool m_buttonsOnSide = false;
-    qint32 m_highlight = ZEL_Highlight_WithFocus;
-    qint32 m_buttonsVisible = 15;
-    qint32 m_buttonsEnabled = 15;
-    qint16 m_borderStyle = 1;
-    qint32 m_topMargin = 240;
-    qint32 m_margin = 120;
-    bool m_multiSelect = false;
-    bool m_editOnFocus = false;
-
-    bool m_busy = false;
-    bool m_destroying = false;
-    bool m_editing = false;
-    bool m_committing = false;
-    bool m_applyingWidths = false;
-    bool m_laying = false;
-    int m_selectionPending = 0; // selection changes not yet raised
-    bool m_selectionQueued = false;
-    std::vector<qint32> m_colWidths; // twips, per grid column
-    zelGridListLayout m_layout;
+    std::unique_ptr<zelGridListPrivate> d;
 };

@@ -5,6 +5,8 @@
 #include "core/zelError.h"
 #include "grid/zelGridList.h"
 #include "grid/zelGridList_p.h"
+#include "grid/zelGridModel_p.h"
+#include "grid/zelGridView_p.h"
 
 #include <QLabel>
 
@@ -97,43 +99,133 @@ const zel::zelPropertyTable &zelGridList::Properties() const
     return table;
 }
 
+QString zelGridList::Language() const
+{
+    return d->language;
+}
+
+QString zelGridList::Caption() const
+{
+    return d->caption;
+}
+
+bool zelGridList::AutoSizeColZero() const
+{
+    return d->autoSizeColZero;
+}
+
+bool zelGridList::CheckBoxes() const
+{
+    return d->checkBoxes;
+}
+
+bool zelGridList::Enabled() const
+{
+    return d->enabled;
+}
+
+qint32 zelGridList::SelectionCol() const
+{
+    return d->selectionCol;
+}
+
+bool zelGridList::AllowRepeatClicks() const
+{
+    return d->allowRepeatClicks;
+}
+
+bool zelGridList::ButtonsOnSide() const
+{
+    return d->buttonsOnSide;
+}
+
+qint32 zelGridList::ButtonsVisible() const
+{
+    return d->buttonsVisible;
+}
+
+qint32 zelGridList::ButtonsEnabled() const
+{
+    return d->buttonsEnabled;
+}
+
+qint32 zelGridList::HighlightSelection() const
+{
+    return d->highlight;
+}
+
+std::shared_ptr<zelGridColumns> zelGridList::Columns() const
+{
+    return d->columns;
+}
+
+std::shared_ptr<zelGridRows> zelGridList::Items() const
+{
+    return d->items;
+}
+
+qint16 zelGridList::BorderStyle() const
+{
+    return d->borderStyle;
+}
+
+qint32 zelGridList::TopMargin() const
+{
+    return d->topMargin;
+}
+
+qint32 zelGridList::Margin() const
+{
+    return d->margin;
+}
+
+bool zelGridList::MultiSelect() const
+{
+    return d->multiSelect;
+}
+
+bool zelGridList::EditOnFocus() const
+{
+    return d->editOnFocus;
+}
+
 void zelGridList::Refresh(quint32 what)
 {
     if (what & RefreshCaption)
-        m_lblCaption->setText(m_caption);
+        d->lblCaption->setText(d->caption);
     if (what & RefreshBorder)
-        m_vfgItems->setFrameShape(m_borderStyle ? QFrame::StyledPanel : QFrame::NoFrame);
+        d->vfgItems->setFrameShape(d->borderStyle ? QFrame::StyledPanel : QFrame::NoFrame);
     if (what & RefreshEnabled)
-        QWidget::setEnabled(m_enabled);
+        QWidget::setEnabled(d->enabled);
     if (what & RefreshLanguage) {
-        m_mpbProps->SetLanguage(m_language);
+        d->mpbProps->SetLanguage(d->language);
         ApplyLanguage();
     }
     if (what & RefreshButtons) {
-        m_mpbProps->SetButtonsVisible(m_buttonsVisible);
-        m_mpbProps->SetButtonsEnabled(m_buttonsEnabled);
+        d->mpbProps->SetButtonsVisible(d->buttonsVisible);
+        d->mpbProps->SetButtonsEnabled(d->buttonsEnabled);
         SetVisibleButtons();
     }
     if (what & RefreshSelectionMode) {
         ApplySelectionMode();
-        m_model->RowsChanged(1, m_items->Count());
+        d->model->RowsChanged(1, d->items->Count());
     }
     if (what & RefreshLayout)
         LayoutControl(); // sizes the columns too
     else if (what & RefreshSizing)
         SizeColZero();
     if (what & RefreshCells)
-        m_vfgItems->viewport()->update();
+        d->vfgItems->viewport()->update();
 }
 
 void zelGridList::SetLanguage(const QString &v)
 {
     Let(
-        "Language", m_language,
+        "Language", d->language,
         [&] {
             const QString language = v.isEmpty() ? QStringLiteral("English") : v;
             // A change of letter case alone keeps the spelling held.
-            return language.compare(m_language, Qt::CaseInsensitive) == 0 ? m_language
+            return language.compare(d->language, Qt::CaseInsensitive) == 0 ? d->language
                                                                            : language;
         },
         [] {});
@@ -141,28 +233,28 @@ void zelGridList::SetLanguage(const QString &v)
 
 void zelGridList::SetCaption(const QString &v)
 {
-    Let("Caption", m_caption, v);
+    Let("Caption", d->caption, v);
 }
 
 void zelGridList::SetAutoSizeColZero(bool v)
 {
-    Let("AutoSizeColZero", m_autoSizeColZero, v);
+    Let("AutoSizeColZero", d->autoSizeColZero, v);
 }
 
 void zelGridList::SetCheckBoxes(bool v)
 {
-    LetThen("CheckBoxes", m_checkBoxes, v, [&] {
-        if (m_checkBoxes) {
+    LetThen("CheckBoxes", d->checkBoxes, v, [&] {
+        if (d->checkBoxes) {
             auto columns = std::make_shared<zelGridColumns>();
             auto check = columns->Create(QString(), ZEL_ColumnAlignCenter);
             check->SetAllowEdit(true);
             check->SetDataType(zelGridType::Boolean);
             check->SetWidth(240);
-            for (const auto &col : *m_columns)
+            for (const auto &col : *d->columns)
                 columns->Add(col);
-            m_columns = columns;
+            d->columns = columns;
         } else {
-            m_columns->Remove(1);
+            d->columns->Remove(1);
         }
         InitGrid();
     });
@@ -170,38 +262,38 @@ void zelGridList::SetCheckBoxes(bool v)
 
 void zelGridList::SetEnabled(bool v)
 {
-    Let("Enabled", m_enabled, v);
+    Let("Enabled", d->enabled, v);
 }
 
 void zelGridList::SetSelectionCol(qint32 v)
 {
-    Let("SelectionCol", m_selectionCol, v);
+    Let("SelectionCol", d->selectionCol, v);
 }
 
 void zelGridList::SetAllowRepeatClicks(bool v)
 {
-    Let("AllowRepeatClicks", m_allowRepeatClicks, v);
+    Let("AllowRepeatClicks", d->allowRepeatClicks, v);
 }
 
 void zelGridList::SetButtonsOnSide(bool v)
 {
-    Let("ButtonsOnSide", m_buttonsOnSide, v);
+    Let("ButtonsOnSide", d->buttonsOnSide, v);
 }
 
 void zelGridList::SetButtonsVisible(qint32 v)
 {
-    Let("ButtonsVisible", m_buttonsVisible, v);
+    Let("ButtonsVisible", d->buttonsVisible, v);
 }
 
 void zelGridList::SetButtonsEnabled(qint32 v)
 {
-    Let("ButtonsEnabled", m_buttonsEnabled, v);
+    Let("ButtonsEnabled", d->buttonsEnabled, v);
 }
 
 void zelGridList::SetHighlightSelection(qint32 v)
 {
     Let(
-        "HighlightSelection", m_highlight,
+        "HighlightSelection", d->highlight,
         [&] {
             if (v < ZEL_Highlight_Never || v > ZEL_Highlight_WithFocus)
                 throw zelError(zelError::InvalidPropertyValue);
@@ -213,7 +305,7 @@ void zelGridList::SetHighlightSelection(qint32 v)
 void zelGridList::SetBorderStyle(qint16 v)
 {
     Let(
-        "BorderStyle", m_borderStyle,
+        "BorderStyle", d->borderStyle,
         [&] {
             if (v != 0 && v != 1)
                 throw zelError(zelError::InvalidPropertyValue);
@@ -224,20 +316,20 @@ void zelGridList::SetBorderStyle(qint16 v)
 
 void zelGridList::SetTopMargin(qint32 v)
 {
-    Let("TopMargin", m_topMargin, v);
+    Let("TopMargin", d->topMargin, v);
 }
 
 void zelGridList::SetMargin(qint32 v)
 {
-    Let("Margin", m_margin, v);
+    Let("Margin", d->margin, v);
 }
 
 void zelGridList::SetMultiSelect(bool v)
 {
-    Let("MultiSelect", m_multiSelect, v);
+    Let("MultiSelect", d->multiSelect, v);
 }
 
 void zelGridList::SetEditOnFocus(bool v)
 {
-    Let("EditOnFocus", m_editOnFocus, v);
+    Let("EditOnFocus", d->editOnFocus, v);
 }
