@@ -547,6 +547,15 @@ private slots:
         QVERIFY(bar->isHidden());
         auto *add = g.findChild<QWidget *>(QStringLiteral("cmdAdd"), Qt::FindDirectChildrenOnly);
         QCOMPARE(add->geometry(), QRect(320, 16, 72, 21));
+        // A hidden control sizes its first column too, as it is laid out.
+        g.AddColumn(QStringLiteral("Name"));
+        g.AddColumnEx(QStringLiteral("Value"), ZEL_ColumnAlignRight, 5, 0, 1000);
+        for (const int width : {300, 200}) {
+            g.resize(width, 300);
+            g.LayoutControl();
+            g.SetBorderStyle(qint16(width == 200 ? 0 : 1));
+            QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
+        }
     }
 
     void persistedPropertiesComeBack()
@@ -562,6 +571,12 @@ private slots:
         g.SetHighlightSelection(ZEL_Highlight_Always);
         zelMemoryPropertyBag bag;
         g.WriteProperties(bag);
+        // Only what differs from its default is stored, under the store's keys.
+        QCOMPARE(bag.Count(), 4);
+        QCOMPARE(bag.Value(QStringLiteral("Caption")).toString(), QStringLiteral("Layers"));
+        QCOMPARE(bag.Value(QStringLiteral("CheckBoxes")).toBool(), true);
+        QCOMPARE(bag.Value(QStringLiteral("ButtonsOnSide")).toBool(), true);
+        QCOMPARE(bag.Value(QStringLiteral("HighlightSelection")).toInt(), 1);
         zelGridList back;
         QStringList marked;
         connect(&back, &zelGridList::PropertyChanged, [&](const QString &n) { marked << n; });

@@ -123,6 +123,7 @@ private slots:
         ev.watch(*g);
         button(*g, QStringLiteral("cmdUp"))->click();
         QCOMPARE(order(*g), QStringLiteral("BAC"));
+        QCOMPARE(outOfStep(*g), QString());
         QCOMPARE(g->CurrentRow(), 3);
     }
 
