@@ -330,6 +330,8 @@ private slots:
         g->Items()->Clear();
         g->Items()->Create(QString(), QStringLiteral("R\t2"));
         readAll();
+        QCOMPARE(g->Refresh().toBool(), true);
+        QCOMPARE(outOfStep(*g), QString());
         g->AddItem(QStringLiteral("Q\t1"), QStringLiteral("q"), QVariant(), 1);
         QVERIFY(g->RemoveItem(2));
         QCOMPARE(order(*g), QStringLiteral("Q"));
@@ -550,12 +552,11 @@ private slots:
         // A hidden control sizes its first column too, as it is laid out.
         g.AddColumn(QStringLiteral("Name"));
         g.AddColumnEx(QStringLiteral("Value"), ZEL_ColumnAlignRight, 5, 0, 1000);
-        for (const int width : {300, 200}) {
-            g.resize(width, 300);
-            g.LayoutControl();
-            g.SetBorderStyle(qint16(width == 200 ? 0 : 1));
-            QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
-        }
+        g.resize(300, 300);
+        g.LayoutControl();
+        QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
+        g.SetBorderStyle(0);
+        QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
     }
 
     void persistedPropertiesComeBack()
