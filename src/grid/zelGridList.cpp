@@ -65,8 +65,8 @@ zelGridList::zelGridList(QWidget *parent)
     d->vfgItems->setSelectionBehavior(QAbstractItemView::SelectRows);
     d->vfgItems->setSelectionMode(QAbstractItemView::SingleSelection);
     d->vfgItems->setEditTriggers(QAbstractItemView::DoubleClicked |
-                                QAbstractItemView::EditKeyPressed |
-                                QAbstractItemView::AnyKeyPressed);
+                                 QAbstractItemView::EditKeyPressed |
+                                 QAbstractItemView::AnyKeyPressed);
     d->vfgItems->setTabKeyNavigation(false);
     d->vfgItems->setWordWrap(false);
     d->vfgItems->setCornerButtonEnabled(false);
@@ -209,7 +209,7 @@ std::shared_ptr<zelGridRow> zelGridList::RowData(qint32 lRow) const
 void zelGridList::ApplySelectionMode()
 {
     d->vfgItems->setSelectionMode(d->multiSelect ? QAbstractItemView::ExtendedSelection
-                                               : QAbstractItemView::SingleSelection);
+                                                 : QAbstractItemView::SingleSelection);
 }
 
 // ---------------------------------------------------------------- buttons
@@ -449,8 +449,8 @@ void zelGridList::SetColumnWidth(int column, qint32 twips, int pixels)
         return;
     d->colWidths[size_t(column)] = twips;
     const QScopedValueRollback<bool> guard(d->applyingWidths, true);
-    d->vfgItems->horizontalHeader()->resizeSection(column,
-                                                  pixels >= 0 ? pixels : zel::TwipsToPixels(twips));
+    d->vfgItems->horizontalHeader()->resizeSection(column, pixels >= 0 ? pixels
+                                                                       : zel::TwipsToPixels(twips));
 }
 
 qint32 zelGridList::ColumnWidth(int column) const
@@ -463,7 +463,7 @@ int zelGridList::GridClientPixels() const
     // A shown grid knows its viewport (less a vertical scroll bar); a hidden
     // one has not laid out its scroll bars yet, and its inside is used.
     return d->vfgItems->isVisible() ? d->vfgItems->viewport()->width()
-                                   : d->vfgItems->contentsRect().width();
+                                    : d->vfgItems->contentsRect().width();
 }
 
 qint32 zelGridList::GridClientWidth() const

@@ -14,11 +14,11 @@
 // Grid columns are numbered from 0; column i shows Columns item i + 1.
 
 #include "buttons/zelButtonEnums.h"
+#include "core/zelProperties.h"
 #include "grid/zelGridColumns.h"
 #include "grid/zelGridEnums.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridRows.h"
-#include "core/zelProperties.h"
 
 #include <QString>
 #include <QVariant>

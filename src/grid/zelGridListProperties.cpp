@@ -225,8 +225,7 @@ void zelGridList::SetLanguage(const QString &v)
         [&] {
             const QString language = v.isEmpty() ? QStringLiteral("English") : v;
             // A change of letter case alone keeps the spelling held.
-            return language.compare(d->language, Qt::CaseInsensitive) == 0 ? d->language
-                                                                           : language;
+            return language.compare(d->language, Qt::CaseInsensitive) == 0 ? d->language : language;
         },
         [] {});
 }

@@ -10,7 +10,8 @@
 
 #include <algorithm>
 
-zelGridSelection::zelGridSelection(zelGridListPrivate &d, QObject *parent) : QObject(parent), d(d) {}
+zelGridSelection::zelGridSelection(zelGridListPrivate &d, QObject *parent) : QObject(parent), d(d)
+{}
 
 void zelGridSelection::Watch()
 {

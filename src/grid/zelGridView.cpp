@@ -5,8 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-zelGridView::zelGridView(zelGridModel *model, QWidget *parent)
-    : QTableView(parent), m_model(model)
+zelGridView::zelGridView(zelGridModel *model, QWidget *parent) : QTableView(parent), m_model(model)
 {}
 
 void zelGridView::CloseEditor()

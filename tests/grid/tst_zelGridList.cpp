@@ -1,10 +1,10 @@
 // The grid list's rows, columns, sizing, layout, persistence and late-bound
 // surface.
 
+#include "core/zelError.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridList.h"
 #include "grid/zelGridSizing.h"
-#include "core/zelError.h"
 #include "platform/zelLateBinding.h"
 #include "platform/zelObjectFactory.h"
 #include "zelFakePlatform.h"
@@ -85,25 +85,28 @@ private slots:
         QTest::addColumn<bool>("autoSize");
         QTest::addColumn<QString>("widths");
 
-        QTest::newRow("name fills what the others leave")
-            << "b240,s0,n1000" << "" << 6000 << true << "240,4760,1000";
-        QTest::newRow("too wide keeps its own width")
-            << "b240,s3000,n3000" << "" << 6000 << true << "240,3000,3000";
+        QTest::newRow("name fills what the others leave") << "b240,s0,n1000"
+                                                          << "" << 6000 << true << "240,4760,1000";
+        QTest::newRow("too wide keeps its own width") << "b240,s3000,n3000"
+                                                      << "" << 6000 << true << "240,3000,3000";
         QTest::newRow("exactly the room keeps its own width")
-            << "b240,s2760,n3000" << "" << 6000 << true << "240,2760,3000";
-        QTest::newRow("after two check columns")
-            << "b240,b300,s0,n1000" << "" << 6000 << true << "240,300,4460,1000";
-        QTest::newRow("a single column is never sized") << "s1500" << "" << 6000 << true << "1500";
-        QTest::newRow("only check columns") << "b240,b300" << "" << 6000 << true << "240,300";
-        QTest::newRow("switched off") << "b240,s2000,n1000" << "" << 6000 << false
-                                      << "240,2000,1000";
+            << "b240,s2760,n3000"
+            << "" << 6000 << true << "240,2760,3000";
+        QTest::newRow("after two check columns") << "b240,b300,s0,n1000"
+                                                 << "" << 6000 << true << "240,300,4460,1000";
+        QTest::newRow("a single column is never sized") << "s1500"
+                                                        << "" << 6000 << true << "1500";
+        QTest::newRow("only check columns") << "b240,b300"
+                                            << "" << 6000 << true << "240,300";
+        QTest::newRow("switched off") << "b240,s2000,n1000"
+                                      << "" << 6000 << false << "240,2000,1000";
         // The room shrank: the object's own width counts, not the filled one.
-        QTest::newRow("narrower after filling")
-            << "b240,s4760,n1000" << "240,900,1000" << 2000 << true << "240,900,1000";
-        QTest::newRow("wider after filling")
-            << "b240,s1760,n1000" << "240,900,1000" << 6000 << true << "240,4760,1000";
-        QTest::newRow("no object for the sized column")
-            << "s0,n1000" << "" << 6000 << true << "error 9";
+        QTest::newRow("narrower after filling") << "b240,s4760,n1000"
+                                                << "240,900,1000" << 2000 << true << "240,900,1000";
+        QTest::newRow("wider after filling") << "b240,s1760,n1000"
+                                             << "240,900,1000" << 6000 << true << "240,4760,1000";
+        QTest::newRow("no object for the sized column") << "s0,n1000"
+                                                        << "" << 6000 << true << "error 9";
     }
 
     void sizeColZero()
@@ -494,26 +497,36 @@ private slots:
 
         const QStringList none{"-", "-", "-", "-", "-"};
         QTest::newRow("bar below")
-            << input(false, 15) << "-" << "120,240,5760,3205" << "1200,3565,4680,315"
+            << input(false, 15) << "-"
+            << "120,240,5760,3205"
+            << "1200,3565,4680,315"
             << QStringList{"-", "-", "-", "120,3565,315,315", "495,3565,315,315"};
         QTest::newRow("column beside")
-            << input(true, 15) << "-" << "120,240,4560,3640" << "-"
+            << input(true, 15) << "-"
+            << "120,240,4560,3640"
+            << "-"
             << QStringList{"4800,240,1080,315", "4800,615,1080,315", "4800,990,1080,315",
                            "4800,1485,1080,315", "4800,1860,1080,315"};
         QTest::newRow("beside, only remove")
-            << input(true, 4) << "-" << "120,240,4560,3640" << "-"
+            << input(true, 4) << "-"
+            << "120,240,4560,3640"
+            << "-"
             << QStringList{"-", "-", "4800,240,1080,315", "4800,735,1080,315",
                            "4800,1110,1080,315"};
-        QTest::newRow("caption")
-            << input(false, 0, true) << "120,0,5760,240" << "120,240,5760,3640" << "-" << none;
+        QTest::newRow("caption") << input(false, 0, true) << "120,0,5760,240"
+                                 << "120,240,5760,3640"
+                                 << "-" << none;
         auto margins = input(false, 0);
         margins.Margin = 0;
         margins.TopMargin = 600;
-        QTest::newRow("margins") << margins << "-" << "0,600,6000,3400" << "-" << none;
+        QTest::newRow("margins") << margins << "-"
+                                 << "0,600,6000,3400"
+                                 << "-" << none;
         // Too small for its parts: nothing gets a negative size.
-        QTest::newRow("tiny")
-            << input(false, 15, false, 100) << "-" << "120,240,0,0" << "-4700,-335,4680,315"
-            << QStringList{"-", "-", "-", "120,-335,315,315", "495,-335,315,315"};
+        QTest::newRow("tiny") << input(false, 15, false, 100) << "-"
+                              << "120,240,0,0"
+                              << "-4700,-335,4680,315"
+                              << QStringList{"-", "-", "-", "120,-335,315,315", "495,-335,315,315"};
     }
 
     void layoutPlacesEveryPart()
@@ -610,11 +623,18 @@ private slots:
     {
         const QMetaObject *mo = &zelGridList::staticMetaObject;
         // Events: name, then parameter names; a trailing "&" marks a by-reference one.
-        const QStringList events{
-            "NewRow lRow", "Delete lRow sKey", "RowMoved lOldRow lNewRow&", "Edit lRow",
-            "EditCell lRow lColumn sText", "EditCellByRef lRow lColumn sText&",
-            "SelectedItem sKey lRow", "DblClick", "BeforeEdit lRow lColumn bCancel&",
-            "SelectionChanged", "ItemChecked lRow oRow", "OptionClicked lIndex"};
+        const QStringList events{"NewRow lRow",
+                                 "Delete lRow sKey",
+                                 "RowMoved lOldRow lNewRow&",
+                                 "Edit lRow",
+                                 "EditCell lRow lColumn sText",
+                                 "EditCellByRef lRow lColumn sText&",
+                                 "SelectedItem sKey lRow",
+                                 "DblClick",
+                                 "BeforeEdit lRow lColumn bCancel&",
+                                 "SelectionChanged",
+                                 "ItemChecked lRow oRow",
+                                 "OptionClicked lIndex"};
         QStringList found;
         for (int i = mo->methodOffset(); i < mo->methodCount(); ++i) {
             const QMetaMethod m = mo->method(i);
@@ -631,12 +651,27 @@ private slots:
         }
         for (const QString &e : events)
             QVERIFY2(found.contains(e), qPrintable(e));
-        for (const char *method :
-             {"ChangeEnabledButtons", "ChangeVisibleButtons", "LoadOptionButtonPicture",
-              "AddColumn", "AddColumnEx", "AddItem", "AddItemEx", "SetItem", "SetItemColor",
-              "SetItemColorByKey", "CheckItem", "CheckItemByKey", "Clear", "RemoveItem",
-              "RemoveItemByKey", "SelectItem", "Refresh", "RefreshColumns", "FocusOnButton",
-              "RowData", "OptionButtonCaption"})
+        for (const char *method : {"ChangeEnabledButtons",
+                                   "ChangeVisibleButtons",
+                                   "LoadOptionButtonPicture",
+                                   "AddColumn",
+                                   "AddColumnEx",
+                                   "AddItem",
+                                   "AddItemEx",
+                                   "SetItem",
+                                   "SetItemColor",
+                                   "SetItemColorByKey",
+                                   "CheckItem",
+                                   "CheckItemByKey",
+                                   "Clear",
+                                   "RemoveItem",
+                                   "RemoveItemByKey",
+                                   "SelectItem",
+                                   "Refresh",
+                                   "RefreshColumns",
+                                   "FocusOnButton",
+                                   "RowData",
+                                   "OptionButtonCaption"})
             QVERIFY2(found.contains(QLatin1String(method)), method);
     }
 

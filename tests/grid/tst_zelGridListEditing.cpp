@@ -153,18 +153,21 @@ private slots:
         // Row A (column 0) is current and selected to begin with. A change of
         // the current cell and a change of the selection raise a pair each.
         QTest::newRow("click another row") << "c21" << pair("b", 2) + ";" + pair("b", 2);
-        QTest::newRow("click the current cell") << "c10" << "";
+        QTest::newRow("click the current cell") << "c10"
+                                                << "";
         QTest::newRow("click another column of the current row") << "c11" << pair("a", 1);
         QTest::newRow("down key") << "kDown" << pair("b", 2) + ";" + pair("b", 2);
         QTest::newRow("right key") << "kRight" << pair("a", 1);
-        QTest::newRow("up key on the first row") << "kUp" << "";
+        QTest::newRow("up key on the first row") << "kUp"
+                                                 << "";
         QTest::newRow("down button")
             << "bcmdDown" << pair("a", 2) + ";" + pair("a", 2) + ";RowMoved(1,2)";
         QTest::newRow("click, then up button")
             << "c30,bcmdUp"
-            << pair("c", 3) + ";" + pair("c", 3) + ";" + pair("c", 2) +
-                   ";" + pair("c", 2) + ";RowMoved(3,2)";
-        QTest::newRow("host selecting raises nothing") << "sb" << "";
+            << pair("c", 3) + ";" + pair("c", 3) + ";" + pair("c", 2) + ";" + pair("c", 2) +
+                   ";RowMoved(3,2)";
+        QTest::newRow("host selecting raises nothing") << "sb"
+                                                       << "";
     }
 
     void userActionsRaiseTheirSelectionEvents()
@@ -188,9 +191,9 @@ private slots:
             if (a.startsWith(QLatin1Char('c'))) {
                 click(*g, a.mid(1, 1).toInt(), a.mid(2, 1).toInt());
             } else if (a.startsWith(QLatin1Char('k'))) {
-                QTest::keyClick(g->Grid(), a == QLatin1String("kDown")    ? Qt::Key_Down
-                                           : a == QLatin1String("kUp")    ? Qt::Key_Up
-                                                                          : Qt::Key_Right);
+                QTest::keyClick(g->Grid(), a == QLatin1String("kDown") ? Qt::Key_Down
+                                           : a == QLatin1String("kUp") ? Qt::Key_Up
+                                                                       : Qt::Key_Right);
             } else if (a.startsWith(QLatin1Char('b'))) {
                 QPushButton *b = button(*g, a.mid(1));
                 QTest::mouseClick(b, Qt::LeftButton, {}, b->rect().center());
@@ -295,11 +298,12 @@ private slots:
         QTest::newRow("enter starts and ends")
             << 0 << ret << false << "" << int(Qt::Key_Enter) << typed << "new";
         QTest::newRow("host vetoes") << 0 << f2 << true << "" << ret << before << "B";
-        QTest::newRow("host changes the text") << 0 << f2 << false << "HOST" << ret << typed
-                                               << "HOST";
+        QTest::newRow("host changes the text")
+            << 0 << f2 << false << "HOST" << ret << typed << "HOST";
         QTest::newRow("escape keeps the text")
             << 0 << f2 << false << "" << int(Qt::Key_Escape) << before << "B";
-        QTest::newRow("column not editable") << 1 << f2 << false << "" << ret << "" << "2";
+        QTest::newRow("column not editable") << 1 << f2 << false << "" << ret << ""
+                                             << "2";
     }
 
     void inPlaceEdit()

@@ -75,8 +75,9 @@ struct zelGridEvents
     }
     // Records the signal as "Name(argument,...)", then lets answer reply.
     template <typename... A, typename F = void (*)(A &...)>
-    void on(zelGridList &g, void (zelGridList::*signal)(A...), const char *name,
-            F answer = [](A &...) {})
+    void on(
+        zelGridList &g, void (zelGridList::*signal)(A...), const char *name,
+        F answer = [](A &...) {})
     {
         QObject::connect(&g, signal, [this, name, answer](A... args) {
             QStringList parts{text(args)...};
