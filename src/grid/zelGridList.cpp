@@ -471,26 +471,36 @@ qint32 zelGridList::GridClientWidth() const
     return zel::PixelsToTwips(GridClientPixels());
 }
 
+zelColZeroInput zelGridList::SizingInput() const
+{
+    zelColZeroInput in;
+    in.AutoSize = d->autoSizeColZero;
+    in.ColumnCount = d->columns ? d->columns->Count() : 0;
+    const int gridCols = d->model->columnCount();
+    for (int c = 0; c < gridCols; ++c) {
+        in.Widths.push_back(ColumnWidth(c));
+        in.Boolean.push_back(d->model->IsBoolean(c));
+    }
+    if (d->columns)
+        for (const auto &col : *d->columns)
+            in.ObjectWidths.push_back(col->Width());
+    in.ClientWidth = GridClientWidth();
+    return in;
+}
+
 void zelGridList::SizeColZero()
 {
     const QString &name = zelGridTrailName("SizeColZero");
     zel::Trail t(name);
     t.Run([&] {
+        const zelColZeroInput in = SizingInput();
+        d->sized = in;
         if (!d->autoSizeColZero || !d->columns)
             return;
-        zelColZeroInput in;
-        in.ColumnCount = d->columns->Count();
         mLog::TraceLog(name, QStringLiteral("m_oColumns.Count: "), QString::number(in.ColumnCount));
-        const int gridCols = d->model->columnCount();
+        const int gridCols = int(in.Widths.size());
         if (in.ColumnCount <= 1 || gridCols < 1)
             return;
-        for (int c = 0; c < gridCols; ++c) {
-            in.Widths.push_back(ColumnWidth(c));
-            in.Boolean.push_back(d->model->IsBoolean(c));
-        }
-        for (const auto &col : *d->columns)
-            in.ObjectWidths.push_back(col->Width());
-        in.ClientWidth = GridClientWidth();
         const zelColZeroResult r = zelSizeColZero(in);
         mLog::TraceLog(name, QStringLiteral("lSizeCol = "), QString::number(r.SizeCol));
         if (r.SizeCol < 0)
@@ -501,15 +511,16 @@ void zelGridList::SizeColZero()
         const qint32 twips = r.Widths[size_t(r.SizeCol)];
         if (!r.Fills) {
             SetColumnWidth(r.SizeCol, twips);
-            return;
+        } else {
+            // Filling the room: in pixels it takes exactly what the others
+            // leave, whatever each width rounded to.
+            int otherPixels = 0;
+            for (int c = 0; c < gridCols; ++c)
+                if (c != r.SizeCol)
+                    otherPixels += d->vfgItems->horizontalHeader()->sectionSize(c);
+            SetColumnWidth(r.SizeCol, twips, std::max(0, GridClientPixels() - otherPixels));
         }
-        // Filling the room: in pixels it takes exactly what the others
-        // leave, whatever each width rounded to.
-        int otherPixels = 0;
-        for (int c = 0; c < gridCols; ++c)
-            if (c != r.SizeCol)
-                otherPixels += d->vfgItems->horizontalHeader()->sectionSize(c);
-        SetColumnWidth(r.SizeCol, twips, std::max(0, GridClientPixels() - otherPixels));
+        d->sized = SizingInput();
     });
 }
 

@@ -19,6 +19,7 @@
 #include "grid/zelGridEnums.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridRows.h"
+#include "grid/zelGridSizing.h"
 
 #include <QString>
 #include <QVariant>
@@ -231,6 +232,8 @@ private:
     // Twips, shown as `pixels` when given, else as the twips come to.
     void SetColumnWidth(int column, qint32 twips, int pixels = -1);
     int GridClientPixels() const;
+    // What SizeColZero reads now.
+    zelColZeroInput SizingInput() const;
     void SetColorCells(qint32 lRow);
     void SetBackColor(qint32 lRow);
     qint32 FindRow(const QString &sKey) const;

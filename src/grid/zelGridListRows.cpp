@@ -60,7 +60,11 @@ std::shared_ptr<zelGridRow> zelGridList::AddItemEx(const QString &sRowText, cons
             else
                 SelectItem(sKey);
         }
-        SizeColZero();
+        // A row changes nothing that the sizing reads: with everything it
+        // reads as it was, it would only size and log the same again, a line
+        // per row of a long list.
+        if (SizingInput() != d->sized)
+            SizeColZero();
         if (lRow <= CurrentRow() + 1)
             EnableControls();
     });

@@ -9,6 +9,7 @@
 #include "grid/zelGridEnums.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridRows.h"
+#include "grid/zelGridSizing.h"
 
 #include <QHash>
 #include <QString>
@@ -69,6 +70,7 @@ struct zelGridListPrivate
     bool applyingWidths = false;
     bool laying = false;
     std::vector<qint32> colWidths; // twips, per grid column
+    zelColZeroInput sized;         // what the last SizeColZero read
     zelGridListLayout layout;
 };
 

@@ -19,6 +19,8 @@ struct zelColZeroInput
     // The Width of each column object, Columns item i + 1 at i.
     std::vector<qint32> ObjectWidths;
     qint32 ClientWidth = 0;
+
+    bool operator==(const zelColZeroInput &) const = default;
 };
 
 struct zelColZeroResult
