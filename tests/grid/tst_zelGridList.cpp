@@ -570,6 +570,10 @@ private slots:
         QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
         g.SetBorderStyle(0);
         QCOMPARE(g.ColumnWidth(0), g.GridClientWidth() - 1000);
+        // An added row sizes again with what the column objects say now.
+        g.Columns()->Item(1)->SetWidth(9000);
+        g.AddItem(QStringLiteral("A\t1"), QStringLiteral("a"));
+        QCOMPARE(g.ColumnWidth(0), 9000);
     }
 
     void persistedPropertiesComeBack()
