@@ -1,9 +1,11 @@
 // The labelled field frame: its layout arithmetic in twips, and what every
 // control built on it does alike, one row per control: labels placed at two
-// screens, refused data types, select-all on entry, disabled colours, Enter
-// as Tab, and a layout that fails.
+// screens, refused data types, the host's say over each key, select-all on
+// entry, disabled colours, Enter as Tab, and a layout that fails.
 
 #include "core/zelFieldFrame.h"
+#include "fields/zelDateTime.h"
+#include "fields/zelInputBox.h"
 #include "platform/zelLateBinding.h"
 #include "platform/zelObjectFactory.h"
 #include "zelFakePlatform.h"
@@ -60,6 +62,8 @@ class tst_Frame : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale(QStringLiteral("en_US"))); } // US dates typed
+
     void layout_data()
     {
         QTest::addColumn<zelFrameProps>("props");
@@ -201,6 +205,60 @@ private slots:
         QCOMPARE(marked, (QList<QVariantList>{{QStringLiteral("DataType")}}));
         // Numbers stand on the right.
         QCOMPARE(bool(x.txt->alignment() & Qt::AlignRight), type == 2);
+    }
+
+    void hostHearsEachKeyFirst_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<int>("type"); // DataType; 0: the date field's time picker
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("host"); // "ab" turns a into b, "x" cancels x
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("tabs"); // Enter as Tab
+        auto row = [](const char *name, const char *control, int type, const char *keys,
+                      const char *host, const char *text, int tabs = 0) {
+            QTest::newRow(name) << QString(control) << type << QString(keys) << QString(host)
+                                << QString(text) << tabs;
+        };
+        row("box: keys changed and cancelled", "zelInputBox", 8, "axc", "ab,x", "bc");
+        row("box: a changed key is still checked", "zelInputBox", 5, "12", "1a", "2");
+        row("date: a digit cancelled", "zelDateTime", 7, "15/2", "5", "1/2");
+        row("date: letter changed to a separator", "zelDateTime", 7, "12x3", "x-", "12/3");
+        row("date: digit changed to a letter is refused", "zelDateTime", 7, "123", "2q", "13");
+        row("date: Enter cancelled stays", "zelDateTime", 7, "1\r", "\r", "1");
+        row("date: Enter in the time picker moves on", "zelDateTime", 0, "\r", "", "", 1);
+    }
+
+    void hostHearsEachKeyFirst()
+    {
+        QFETCH(QString, control);
+        QFETCH(int, type);
+        QFETCH(QString, keys);
+        QFETCH(QString, host);
+        QFETCH(int, tabs);
+        zelTestScope scope;
+        scope.fake().moveFocusOnTab = false;
+        Field x(control);
+        x.set(type ? "DataType" : "TimeInput", type ? QVariant(type) : QVariant(true));
+        x.set("Text", QString());
+        QString heard;
+        auto hear = [&](qint16 &key) {
+            heard += QChar(key);
+            for (const QString &rule : host.split(u',', Qt::SkipEmptyParts))
+                if (key == rule.at(0).unicode())
+                    key = rule.size() > 1 ? qint16(rule.at(1).unicode()) : 0;
+        };
+        if (auto *box = qobject_cast<zelInputBox *>(x.f))
+            connect(box, &zelInputBox::KeyPress, this, hear);
+        else
+            connect(qobject_cast<zelDateTime *>(x.f), &zelDateTime::KeyPress, this, hear);
+        QWidget *target = type ? x.txt : x.f->findChild<QWidget *>(QStringLiteral("pvDate"));
+        QTest::keyClicks(target, keys);
+        QCOMPARE(heard, keys);
+        QTEST(zel::GetProperty(x.f, QStringLiteral("Text")).toString(), "text");
+        QCOMPARE(scope.fake().tabsFrom.size(), tabs);
+        if (tabs)
+            QCOMPARE(scope.fake().tabsFrom.at(0).data(), target);
     }
 
     void entrySelectsAll_data() { addControls(); }

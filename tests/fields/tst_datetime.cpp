@@ -170,52 +170,6 @@ private slots:
         QCOMPARE(zelLoggedErrors(), 0);
     }
 
-    void hostHearsEachKeyFirst_data()
-    {
-        QTest::addColumn<bool>("timeInput"); // keys go to the picker, else to the text box
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QChar>("from");
-        QTest::addColumn<QChar>("to"); // what the host makes of from; '\0' cancels
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("tabs"); // Enter as Tab
-        auto row = [](const char *name, bool time, const char *keys, char from, char to,
-                      const char *text, int tabs) {
-            QTest::newRow(name) << time << QString(keys) << QChar(from) << QChar(to)
-                                << QString(text) << tabs;
-        };
-        row("cancel a digit", false, "15/2", '5', 0, "1/2", 0);
-        row("letter changed to a separator", false, "12x3", 'x', '-', "12/3", 0);
-        row("digit changed to a letter is refused", false, "123", '2', 'q', "13", 0);
-        row("Enter cancelled stays", false, "1\r", '\r', 0, "1", 0);
-        row("Enter in the time picker moves on", true, "\r", 0, 0, "", 1);
-    }
-
-    void hostHearsEachKeyFirst()
-    {
-        QFETCH(bool, timeInput);
-        QFETCH(QString, keys);
-        QFETCH(QChar, from);
-        QFETCH(QChar, to);
-        QFETCH(QString, text);
-        QFETCH(int, tabs);
-        zelTestScope scope;
-        scope.fake().moveFocusOnTab = false;
-        auto f = makeField(timeInput);
-        QString heard;
-        connect(f.get(), &zelDateTime::KeyPress, f.get(), [&](qint16 &k) {
-            heard += QChar(k);
-            if (k == from.unicode())
-                k = qint16(to.unicode());
-        });
-        QWidget *target = timeInput ? static_cast<QWidget *>(picker(*f)) : textBox(*f);
-        QTest::keyClicks(target, keys);
-        QCOMPARE(heard, keys);
-        QCOMPARE(f->Text(), text);
-        QCOMPARE(scope.fake().tabsFrom.size(), tabs);
-        if (tabs)
-            QCOMPARE(scope.fake().tabsFrom.at(0).data(), target);
-    }
-
     void typingRule_data()
     {
         QTest::addColumn<QString>("locale");

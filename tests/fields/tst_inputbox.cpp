@@ -58,27 +58,23 @@ private slots:
         QTest::addColumn<int>("dataType");
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QString>("illegal");
-        QTest::addColumn<QString>(
-            "host"); // the host's KeyPress: "ab" turns a into b, "x" cancels x
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("expected");
         QTest::addColumn<int>("beeps");
         auto row = [](const char *name, int type, int decimals, const char *illegal,
-                      const char *host, const char *typed, const char *expected, int beeps = 0) {
-            QTest::newRow(name) << type << decimals << QString(illegal) << QString(host)
-                                << QString(typed) << QString(expected) << beeps;
+                      const char *typed, const char *expected, int beeps = 0) {
+            QTest::newRow(name) << type << decimals << QString(illegal) << QString(typed)
+                                << QString(expected) << beeps;
         };
-        row("minus into empty number", 5, 2, "", "", "-", "-");
-        row("second minus refused", 5, 2, "", "", "-1-", "-1");
-        row("minus behind digit refused", 5, 2, "", "", "5-", "5");
-        row("point refused without decimals", 3, 0, "", "", "1.5", "15");
-        row("one point with decimals", 5, 2, "", "", "1.5.", "1.5");
-        row("letters and blanks refused in numbers", 2, 0, "", "", "1a 2", "12");
-        row("text takes anything", 8, 0, "", "", "a-1.b.", "a-1.b.");
-        row("illegal chars in text", 8, 0, "/\\", "", "a/b\\c", "abc", 2);
-        row("illegal chars in numbers", 5, 2, "5", "", "151", "11", 1);
-        row("host changes and cancels keys", 8, 0, "", "ab,x", "axc", "bc");
-        row("a changed key is still checked", 5, 2, "", "1a", "12", "2");
+        row("minus into empty number", 5, 2, "", "-", "-");
+        row("second minus refused", 5, 2, "", "-1-", "-1");
+        row("minus behind digit refused", 5, 2, "", "5-", "5");
+        row("point refused without decimals", 3, 0, "", "1.5", "15");
+        row("one point with decimals", 5, 2, "", "1.5.", "1.5");
+        row("letters and blanks refused in numbers", 2, 0, "", "1a 2", "12");
+        row("text takes anything", 8, 0, "", "a-1.b.", "a-1.b.");
+        row("illegal chars in text", 8, 0, "/\\", "a/b\\c", "abc", 2);
+        row("illegal chars in numbers", 5, 2, "5", "151", "11", 1);
     }
 
     void typingFollowsDataType()
@@ -86,7 +82,6 @@ private slots:
         QFETCH(int, dataType);
         QFETCH(int, decimals);
         QFETCH(QString, illegal);
-        QFETCH(QString, host);
         QFETCH(QString, typed);
         zelTestScope scope;
         zelInputBox box;
@@ -94,17 +89,9 @@ private slots:
         box.SetDecimals(decimals);
         box.SetIllegalChars(illegal);
         box.SetText(QString());
-        QString heard;
-        connect(&box, &zelInputBox::KeyPress, this, [&](qint16 &key) {
-            heard += QChar(key);
-            for (const QString &rule : host.split(u',', Qt::SkipEmptyParts))
-                if (key == rule.at(0).unicode())
-                    key = rule.size() > 1 ? qint16(rule.at(1).unicode()) : 0;
-        });
         QTest::keyClicks(input(box), typed);
         QTEST(box.Text(), "expected");
         QTEST(scope.fake().beeps, "beeps");
-        QCOMPARE(heard, typed); // the host hears every key first
     }
 
     void decimalsStayBelowMaxLength_data()
