@@ -99,9 +99,8 @@ private slots:
     {
         QFETCH(zelFrameProps, props);
         QFETCH(int, inner);
-        QFETCH(QString, labels);
         const zelFrameLayout l = zelLayoutFrame(props, inner, fixedWidth);
-        QCOMPARE(l.PrefixText + '|' + l.SuffixText, labels);
+        QTEST(QString(l.PrefixText + '|' + l.SuffixText), "labels");
         QCOMPARE(l.PrefixVisible, !l.PrefixText.isEmpty() || props.PrefixWidth);
         QCOMPARE(l.SuffixVisible, !l.SuffixText.isEmpty());
         QTEST(l.InputRect, "input");

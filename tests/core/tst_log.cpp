@@ -116,8 +116,6 @@ private slots:
         QFETCH(QString, trail);
         QFETCH(QString, errSource);
         QFETCH(bool, raise);
-        QFETCH(bool, raised);
-        QFETCH(QString, raisedSource);
         zelTestScope scope;
         scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
         bool didRaise = false;
@@ -125,11 +123,11 @@ private slots:
             mLog::ErrorLog(trail, zelError(9, errSource, QStringLiteral("desc")), QString(), raise);
         } catch (const zelError &e) {
             didRaise = true;
-            QCOMPARE(e.Source(), raisedSource);
+            QTEST(e.Source(), "raisedSource");
             QCOMPARE(e.Number(), 9);
             QCOMPARE(e.Description(), QStringLiteral("desc"));
         }
-        QCOMPARE(didRaise, raised);
+        QTEST(didRaise, "raised");
         // Only in debug mode is the message shown to a developer.
         QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
         for (const auto &m : std::as_const(scope.fake().messages))
@@ -221,7 +219,6 @@ private slots:
     void trailMapsStandardExceptions()
     {
         QFETCH(int, kind);
-        QFETCH(int, number);
         zelTestScope scope;
         zel::Trail t(QStringLiteral("zelTest.Thrower"));
         t.Step = QStringLiteral("Finished");
@@ -232,7 +229,7 @@ private slots:
         const bool completed = t.Run(throwers[kind]);
         QVERIFY(!completed);
         QCOMPARE(zelCaptureLogger::errors.size(), 1);
-        QCOMPARE(zelCaptureLogger::errors[0][3].toInt(), number);
+        QTEST(zelCaptureLogger::errors[0][3].toInt(), "number");
         QCOMPARE(zelCaptureLogger::errors[0][6].toString(), QStringLiteral("Finished"));
     }
 
@@ -261,10 +258,9 @@ private slots:
         QFETCH(int, rows);
         QFETCH(bool, first);
         QFETCH(bool, second);
-        QFETCH(int, height);
         QFETCH(int, errors);
         zelTestScope scope;
-        QCOMPARE(mMain::MinHeightList(rows, first, second), height);
+        QTEST(mMain::MinHeightList(rows, first, second), "height");
         QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), errors);
         QCOMPARE(zelLoggedErrors(), errors);
     }

@@ -36,7 +36,6 @@ private slots:
     {
         QFETCH(QString, steps);
         QFETCH(int, freedAt);
-        QFETCH(int, errors);
         for (const QString kind : {"zelCtrl.zelGridRow", "zelCtrl.zelGridColumn"}) {
             zelTestScope scope;
             const QString key = kind.endsWith(u"Row") ? "Key" : "Caption";
@@ -77,7 +76,7 @@ private slots:
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 QVERIFY2(freed == (i >= freedAt), qPrintable(kind + " after " + s));
             }
-            QCOMPARE(zelLoggedErrors(), errors);
+            QTEST(zelLoggedErrors(), "errors");
         }
     }
 };

@@ -92,7 +92,6 @@ private slots:
     {
         QFETCH(bool, timeInput);
         QFETCH(QVariant, input);
-        QFETCH(QString, text);
         QFETCH(QDateTime, value);
         QFETCH(QString, pickerAt);
         zelTestScope scope;
@@ -103,7 +102,7 @@ private slots:
         f->SetTimeInput(timeInput);
         QSignalSpy changed(f.get(), &zelDateTime::Changed);
         f->SetValue(input);
-        QCOMPARE(f->Text(), text);
+        QTEST(f->Text(), "text");
         if (value.isValid())
             QCOMPARE(f->Value().toDateTime(), value);
         const QDateTime shown = picker(*f)->dateTime();
@@ -188,7 +187,6 @@ private slots:
         QFETCH(QString, start);
         QFETCH(int, cursor);
         QFETCH(QString, keys);
-        QFETCH(QString, text);
         zelTestScope scope;
         useLocale(locale);
         auto f = makeField();
@@ -198,7 +196,7 @@ private slots:
         else
             textBox(*f)->setCursorPosition(cursor);
         QTest::keyClicks(textBox(*f), keys);
-        QCOMPARE(f->Text(), text);
+        QTEST(f->Text(), "text");
         QCOMPARE(scope.fake().beeps, 0);
         QFETCH(QDateTime, value);
         if (value.isValid())
@@ -297,7 +295,6 @@ private slots:
     {
         QFETCH(int, key);
         QFETCH(int, modifiers);
-        QFETCH(bool, opens);
         zelTestScope scope;
         QWidget window;
         auto *f = new zelDateTime(&window);
@@ -307,7 +304,7 @@ private slots:
         connect(f, &zelDateTime::KeyDown, f, [&](qint16 &, qint16 &) { ++keyDowns; });
         QTest::keyClick(textBox(*f), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         auto *calendar = picker(*f)->calendarWidget();
-        QCOMPARE(calendar && calendar->isVisible(), opens);
+        QTEST(calendar && calendar->isVisible(), "opens");
         QCOMPARE(keyDowns, 0);
     }
 
