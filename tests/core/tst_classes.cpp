@@ -79,28 +79,20 @@ QList<Property> propertiesOf(QObject *o)
 // Values worth trying for a kind, first those most properties take.
 QVariantList candidates(Kind kind, const QVariant &current)
 {
-    if (kind == Kind::Variant && current.isValid() && kindOf(current.metaType()) != Kind::Variant)
+    if (kind == Kind::Variant && current.isValid())
         kind = kindOf(current.metaType());
-    switch (kind) {
-    case Kind::String:
-        return {QStringLiteral("Probe"), QStringLiteral("12")};
-    case Kind::Bool:
-        return {!current.toBool()};
-    case Kind::Int16:
-    case Kind::Int32:
-        return {12, 3, 2, 1, 0, 1500};
-    case Kind::Single:
-    case Kind::Double:
-        return {2.5, 1.0, 0.0, 12.0};
-    case Kind::Colour:
-        return {0x123456u, 0x8000000Fu};
-    case Kind::Date:
-        return {QDateTime(QDate(2021, 3, 4), QTime(0, 0)),
-                QDateTime(QDate(1899, 12, 30), QTime(6, 0))};
-    case Kind::Variant:
-        break;
-    }
-    return {QStringLiteral("Probe"), 2, true};
+    const QVariantList whole{12, 3, 2, 1, 0, 1500}, real{2.5, 1.0, 0.0, 12.0};
+    const QMap<Kind, QVariantList> values{
+        {Kind::String, {QStringLiteral("Probe"), QStringLiteral("12")}},
+        {Kind::Bool, {!current.toBool()}},
+        {Kind::Int16, whole},
+        {Kind::Int32, whole},
+        {Kind::Single, real},
+        {Kind::Double, real},
+        {Kind::Colour, {0x123456u, 0x8000000Fu}},
+        {Kind::Date,
+         {QDateTime(QDate(2021, 3, 4), QTime(0, 0)), QDateTime(QDate(1899, 12, 30), QTime(6, 0))}}};
+    return values.value(kind, {QStringLiteral("Probe"), 2, true});
 }
 
 bool same(const QVariant &a, const QVariant &b)
@@ -164,27 +156,17 @@ QVariantList garbage()
             QVariant(-1e12), QVariant(QPoint(3, 4))};
 }
 
-// Whether a stored or written value cannot be read as the kind at all.
+// Whether a stored or written value cannot be read as the kind at all: none
+// of the garbage is a whole number in range or a date, only the doubles are
+// numbers, and only a map or a point has no text.
 bool mismatch(Kind kind, const QVariant &v)
 {
-    const bool number = v.metaType() == QMetaType::fromType<double>();
-    switch (kind) {
-    case Kind::Variant:
-        return false;
-    case Kind::String:
-        return v.metaType() == QMetaType::fromType<QVariantMap>() ||
-               v.metaType() == QMetaType::fromType<QPoint>();
-    case Kind::Int16:
-    case Kind::Int32:
-    case Kind::Colour:
-    case Kind::Date:
-        return true; // none of the garbage is a whole number in range or a date
-    case Kind::Bool:
-    case Kind::Single:
-    case Kind::Double:
-        return !number;
-    }
-    return true;
+    const int type = v.metaType().id();
+    if (kind == Kind::Variant || kind == Kind::String)
+        return kind == Kind::String &&
+               (type == QMetaType::QVariantMap || type == QMetaType::QPoint);
+    return type != QMetaType::Double ||
+           (kind != Kind::Bool && kind != Kind::Single && kind != Kind::Double);
 }
 
 void addClasses()
