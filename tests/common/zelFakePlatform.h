@@ -40,7 +40,6 @@ public:
     quint32 colorDialogAnswer = 0;
     QList<quint32> colorDialogPresets;
 
-    QString openFileAnswer;
     double twipsPerPixel = 15.0;
 
     void MessageBox(const QString &text, const QString &title, QWidget *) override
@@ -67,10 +66,8 @@ public:
         colour = colorDialogAnswer;
         return true;
     }
-    QString ChooseOpenFile(const QString &, const QString &, QWidget *) override
-    {
-        return openFileAnswer;
-    }
+    // No file dialog ever opens under a test.
+    QString ChooseOpenFile(const QString &, const QString &, QWidget *) override { return {}; }
     double TwipsPerPixel() override { return twipsPerPixel; }
 };
 
