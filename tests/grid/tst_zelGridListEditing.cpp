@@ -410,81 +410,71 @@ private slots:
         QVERIFY(!g->Grid()->findChild<QLineEdit *>(QStringLiteral("txtEdit")));
     }
 
-    void dropDownLists_data()
+    void cellEditors_data()
     {
-        QTest::addColumn<int>("entries");
-        QTest::addColumn<bool>("editable"); // a list starting with "|" also takes free text
-        QTest::addColumn<QString>("chosen");
-        QTest::newRow("ten thousand entries") << 10000 << false << "Class 9999";
-        QTest::newRow("free text") << 2 << true << "Lakes";
+        QTest::addColumn<QString>("list");   // the column's ComboList; "colour" a colour column
+        QTest::addColumn<QString>("chosen"); // "" cancels
+        QStringList many;
+        for (int i = 0; i < 10000; ++i)
+            many << QStringLiteral("Class %1").arg(i);
+        QTest::newRow("ten thousand entries") << many.join(QLatin1Char('|')) << "Class 9999";
+        // A list starting with "|" also takes free text.
+        QTest::newRow("free text") << "|Class 0|Class 1"
+                                   << "Lakes";
+        QTest::newRow("colour chosen") << "colour"
+                                       << "16711680";
+        QTest::newRow("colour dialog cancelled") << "colour"
+                                                 << "";
     }
 
-    void dropDownLists()
+    void cellEditors()
     {
-        QFETCH(int, entries);
-        QFETCH(bool, editable);
+        QFETCH(QString, list);
         QFETCH(QString, chosen);
         zelTestScope scope;
         auto g = shownList();
-        QStringList list;
-        for (int i = 0; i < entries; ++i)
-            list << QStringLiteral("Class %1").arg(i);
-        g->Columns()->Item(2)->SetComboList((editable ? "|" : "") + list.join(QLatin1Char('|')));
-        g->Columns()->Item(2)->SetAllowEdit(true);
+        const bool colour = list == QLatin1String("colour");
+        const auto column = g->Columns()->Item(2);
+        column->SetAllowEdit(true);
+        if (colour)
+            column->SetDataType(36);
+        else
+            column->SetComboList(list);
         g->RefreshColumns();
+        scope.fake().colorDialogAccepts = !chosen.isEmpty();
+        scope.fake().colorDialogAnswer = 0xFF0000;
+        makeCurrent(*g, 3, 1);
         zelGridEvents ev;
         ev.watch(*g);
         auto *combo = qobject_cast<QComboBox *>(openEditor(*g, 3, 1));
-        QVERIFY(combo);
-        QCOMPARE(combo->count(), entries);
-        QCOMPARE(combo->isEditable(), editable);
-        if (editable) {
-            QCOMPARE(combo->currentText(), QStringLiteral("3")); // the cell's own text
-            combo->setEditText(chosen);
-        } else {
-            combo->setCurrentIndex(entries - 1);
+        QCOMPARE(combo != nullptr, !colour);
+        if (combo) {
+            const bool free = list.startsWith(QLatin1Char('|'));
+            QCOMPARE(combo->count(), list.count(QLatin1Char('|')) + (free ? 0 : 1));
+            QCOMPARE(combo->isEditable(), free);
+            if (free) {
+                QCOMPARE(combo->currentText(), QStringLiteral("3")); // the cell's own text
+                combo->setEditText(chosen);
+            } else {
+                combo->setCurrentIndex(combo->findText(chosen));
+            }
+            QTest::keyClick(combo, Qt::Key_Return);
         }
-        QTest::keyClick(combo, Qt::Key_Return);
         QCoreApplication::processEvents();
-        QCOMPARE(g->Items()->Item(3)->Data(), QStringLiteral("C\t") + chosen);
-        QCOMPARE(ev.events.last(), QStringLiteral("EditCellByRef(3,1,%1)").arg(chosen));
-    }
-
-    void colourCellTakesAColourFromTheDialog_data()
-    {
-        QTest::addColumn<bool>("accept");
-        QTest::addColumn<QString>("events");
-        QTest::addColumn<QColor>("colour");
-
-        QTest::newRow("chosen")
-            << true << "BeforeEdit(1,1);EditCell(1,1,16711680);EditCellByRef(1,1,16711680)"
-            << QColor(0, 0, 255);
-        QTest::newRow("cancelled") << false << "BeforeEdit(1,1)" << QColor(255, 0, 0);
-    }
-
-    void colourCellTakesAColourFromTheDialog()
-    {
-        QFETCH(bool, accept);
-        QFETCH(QString, events);
-        QFETCH(QColor, colour);
-        zelTestScope scope;
-        auto g = shownList(0);
-        g->Columns()->Item(2)->SetDataType(36);
-        g->Columns()->Item(2)->SetAllowEdit(true);
-        g->RefreshColumns();
-        g->AddItem(QStringLiteral("Roads\t255"), QStringLiteral("r"));
-        QCoreApplication::processEvents();
-        scope.fake().colorDialogAccepts = accept;
-        scope.fake().colorDialogAnswer = 0xFF0000;
-        zelGridEvents ev;
-        makeCurrent(*g, 1, 1);
-        ev.watch(*g);
-        QTest::keyClick(g->Grid(), Qt::Key_F2);
-        QCOMPARE(ev.joined(), events);
-        QCOMPARE(scope.fake().colorDialogPresets, QList<quint32>{255});
-        const QModelIndex cell = g->Grid()->model()->index(0, 1);
-        QCOMPARE(cell.data(Qt::BackgroundRole).value<QBrush>().color(), colour);
-        QCOMPARE(cell.data().toString(), QString());
+        const QString kept = chosen.isEmpty() ? QStringLiteral("3") : chosen;
+        QCOMPARE(g->Items()->Item(3)->Data(), QStringLiteral("C\t") + kept);
+        QCOMPARE(ev.joined(), chosen.isEmpty() ? QStringLiteral("BeforeEdit(3,1)")
+                                               : QStringLiteral("BeforeEdit(3,1);EditCell(3,1,%1);"
+                                                                "EditCellByRef(3,1,%1)")
+                                                     .arg(chosen));
+        if (colour) {
+            // The dialog starts from the cell's colour; the cell shows only colour.
+            QCOMPARE(scope.fake().colorDialogPresets, QList<quint32>{3});
+            const QModelIndex cell = g->Grid()->model()->index(2, 1);
+            QCOMPARE(cell.data(Qt::BackgroundRole).value<QBrush>().color(),
+                     chosen.isEmpty() ? QColor(3, 0, 0) : QColor(0, 0, 255));
+            QCOMPARE(cell.data().toString(), QString());
+        }
     }
 
     void editOnFocusStartsEditing()
