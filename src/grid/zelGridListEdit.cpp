@@ -30,8 +30,12 @@ void zelGridList::vfgItems_AfterEdit(qint32 lRow, qint32 lColumn, const QString 
 {
     zel::Trail t(this, "vfgItems_AfterEdit");
     t.Run([&] {
-        if (!d->editing || d->destroying)
+        // A window that is closing or being taken apart ends an edit as it
+        // goes, when its host may be half gone: the edit lapses unheard.
+        if (!d->editing || d->destroying || window()->isHidden()) {
+            d->editing = false;
             return;
+        }
         d->editing = false;
         const auto row = d->items->ItemAt(lRow);
         if (!row)

@@ -400,6 +400,8 @@ private slots:
         row("zelPrpButtons", "ButtonHeight", -1, 380);
         row("zelStdButtons", "ButtonWidth", 2000000000, 380);
         row("zelPrpButtons", "ButtonWidth", 100001, 380);
+        row("zelGridList", "HighlightSelection", 3, 380);
+        row("zelGridList", "BorderStyle", 2, 380);
     }
 
     void refusals()

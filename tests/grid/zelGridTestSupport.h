@@ -5,11 +5,13 @@
 // exactly what Items holds.
 
 #include "grid/zelGridList.h"
+#include "grid/zelGridRows.h"
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 #include <QStringList>
 #include <QTableView>
+#include <QTest>
 
 #include <memory>
 
@@ -31,12 +33,26 @@ inline std::unique_ptr<zelGridList> makeList(int rows = 3)
 }
 
 // The rows' first cells in order ("ABC").
-inline QString order(const zelGridList &g)
+inline QString order(const zelGridRows &rows)
 {
     QString s;
-    for (const auto &r : *g.Items())
+    for (const auto &r : rows)
         s += r->Cell(0).toString();
     return s;
+}
+inline QString order(const zelGridList &g)
+{
+    return order(*g.Items());
+}
+
+// Places the list at 800 x 400 pixels on a shown 900 x 500 form.
+inline bool showOnForm(QWidget &form, zelGridList *g)
+{
+    form.resize(900, 500);
+    g->setParent(&form);
+    g->setGeometry(0, 0, 800, 400);
+    form.show();
+    return QTest::qWaitForWindowExposed(&form);
 }
 
 // Empty when the grid shows every row object of Items in order, cell by
