@@ -296,12 +296,10 @@ private slots:
         QFETCH(int, key);
         QFETCH(int, modifiers);
         zelTestScope scope;
-        QWidget window;
-        auto *f = new zelDateTime(&window);
-        f->setGeometry(0, 0, 200, 21);
-        window.show();
+        auto f = makeField();
+        f->show();
         int keyDowns = 0;
-        connect(f, &zelDateTime::KeyDown, f, [&](qint16 &, qint16 &) { ++keyDowns; });
+        connect(f.get(), &zelDateTime::KeyDown, f.get(), [&](qint16 &, qint16 &) { ++keyDowns; });
         QTest::keyClick(textBox(*f), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         auto *calendar = picker(*f)->calendarWidget();
         QTEST(calendar && calendar->isVisible(), "opens");
