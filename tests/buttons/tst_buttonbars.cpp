@@ -1,6 +1,7 @@
 #include "buttons/zelPrpButtons.h"
 #include "buttons/zelStdButtons.h"
 #include "platform/zelLateBinding.h"
+#include "zelTestData.h"
 
 #include "zelFakePlatform.h"
 
@@ -101,12 +102,9 @@ class tst_ButtonBars : public QObject
 private slots:
     void barSizesItselfAndPlacesButtons_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<qint32>("visible");
-        QTest::addColumn<int>("widthTwips");
-        QTest::addColumn<QStringList>("fromRight");
-        QTest::addColumn<QRect>("rightmost"); // twips
+        // rightmost: twips
+        zelColumns<QString, QString, qint32, int, QStringList, QRect>(
+            {"kind", "language", "visible", "widthTwips", "fromRight", "rightmost"});
         auto row = [](const char *name, const char *kind, const char *language, qint32 visible,
                       int width, const QStringList &fromRight, const QRect &rightmost) {
             QTest::newRow(name) << QString(kind) << QString(language) << visible << width
@@ -134,12 +132,9 @@ private slots:
 
     void barSizesItselfAndPlacesButtons()
     {
-        QFETCH(QString, kind);
-        QFETCH(QString, language);
-        QFETCH(qint32, visible);
-        QFETCH(int, widthTwips);
-        QFETCH(QStringList, fromRight);
-        QFETCH(QRect, rightmost);
+        const auto [kind, language, visible, widthTwips, fromRight, rightmost] =
+            zelFetch<QString, QString, qint32, int, QStringList, QRect>(
+                {"kind", "language", "visible", "widthTwips", "fromRight", "rightmost"});
         // At 96 and at 144 dots per inch.
         for (const double twipsPerPixel : {15.0, 10.0}) {
             zelTestScope scope;
@@ -161,12 +156,11 @@ private slots:
         QTest::addColumn<QString>("kind");
         // In turn: "Name=value" sets that property by name, "load Name=value ..."
         // reads a form's store into the bar, anything else sets the language.
-        QTest::addColumn<QStringList>("steps");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QStringList>("captions"); // Help, bit 2, bit 4, bit 8
-        QTest::addColumn<int>("buttonWidth");
-        QTest::addColumn<int>("barWidth");      // twips, four buttons
-        QTest::addColumn<QStringList>("marks"); // the property store's marks
+        // captions: Help, bit 2, bit 4, bit 8
+        // barWidth: twips, four buttons
+        // marks: the property store's marks
+        zelColumns<QStringList, QString, QStringList, int, int, QStringList>(
+            {"steps", "stored", "captions", "buttonWidth", "barWidth", "marks"});
 
         for (const QString &kind : {QStringLiteral("Std"), QStringLiteral("Prp")}) {
             const bool s = kind == QLatin1String("Std");
@@ -226,9 +220,8 @@ private slots:
 
     void captionsFollowLanguage()
     {
-        QFETCH(QString, kind);
-        QFETCH(QStringList, steps);
-        QFETCH(int, barWidth);
+        const auto [kind, steps, barWidth] =
+            zelFetch<QString, QStringList, int>({"kind", "steps", "barWidth"});
         zelTestScope scope;
 
         auto bar = makeBar(kind);
@@ -263,13 +256,10 @@ private slots:
 
     void changeBitsKeepsOtherBits_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("method");
-        QTest::addColumn<qint32>("start");
-        QTest::addColumn<QVariant>("eButton"); // by number, enumeration value or member name
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<qint32>("expected");
-        QTest::addColumn<QStringList>("buttons"); // shown or enabled, by bit
+        // eButton: by number, enumeration value or member name
+        // buttons: shown or enabled, by bit
+        zelColumns<QString, QString, qint32, QVariant, bool, qint32, QStringList>(
+            {"kind", "method", "start", "eButton", "on", "expected", "buttons"});
         auto row = [](const char *name, const char *kind, const char *method, qint32 start,
                       const QVariant &eButton, bool on, qint32 expected,
                       const QStringList &buttons) {
@@ -294,12 +284,9 @@ private slots:
 
     void changeBitsKeepsOtherBits()
     {
-        QFETCH(QString, kind);
-        QFETCH(QString, method);
-        QFETCH(qint32, start);
-        QFETCH(QVariant, eButton);
-        QFETCH(bool, on);
-        QFETCH(qint32, expected);
+        const auto [kind, method, start, eButton, on, expected] =
+            zelFetch<QString, QString, qint32, QVariant, bool, qint32>(
+                {"kind", "method", "start", "eButton", "on", "expected"});
         zelTestScope scope;
 
         const bool visibleSet = method.contains(QLatin1String("visible"), Qt::CaseInsensitive);
@@ -329,8 +316,8 @@ private slots:
 
     void focusOnButtonTakesSingleValuesOnly_data()
     {
-        QTest::addColumn<qint32>("eButton");
-        QTest::addColumn<QString>("focused"); // "" = the focus stays where it was
+        // focused: "" = the focus stays where it was
+        zelColumns<qint32, QString>({"eButton", "focused"});
 
         QTest::newRow("Add") << qint32(ZEL_PrpButton_Add) << "cmdAdd";
         QTest::newRow("Props") << qint32(ZEL_PrpButton_Props) << "cmdProperties";
@@ -341,8 +328,7 @@ private slots:
 
     void focusOnButtonTakesSingleValuesOnly()
     {
-        QFETCH(qint32, eButton);
-        QFETCH(QString, focused);
+        const auto [eButton, focused] = zelFetch<qint32, QString>({"eButton", "focused"});
         zelTestScope scope;
 
         QWidget window;
@@ -361,8 +347,8 @@ private slots:
 
     void everyButtonRaisesItsEvent_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QStringList>("events"); // clicking the buttons by bit
+        // events: clicking the buttons by bit
+        zelColumns<QString, QStringList>({"kind", "events"});
 
         const QStringList options{"OptionButton(0)", "OptionButton(1)", "OptionButton(2)",
                                   "OptionButton(3)"};
@@ -373,8 +359,7 @@ private slots:
 
     void everyButtonRaisesItsEvent()
     {
-        QFETCH(QString, kind);
-        QFETCH(QStringList, events);
+        const auto [kind, events] = zelFetch<QString, QStringList>({"kind", "events"});
         zelTestScope scope;
 
         auto bar = makeBar(kind);

@@ -9,6 +9,7 @@
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPropertyBag.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QJsonObject>
 #include <QMetaMethod>
@@ -382,10 +383,7 @@ private slots:
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("progId");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<int>("error");
+        zelColumns<QString, QString, QVariant, int>({"progId", "name", "value", "error"});
         auto row = [](const char *cls, const char *name, const QVariant &v, int error) {
             QTest::newRow(qPrintable(QStringLiteral("%1 %2 %3").arg(cls, name, v.toString())))
                 << QStringLiteral("zelCtrl.") + cls << QString(name) << v << error;
@@ -406,9 +404,8 @@ private slots:
 
     void refusals()
     {
-        QFETCH(QString, progId);
-        QFETCH(QString, name);
-        QFETCH(QVariant, value);
+        const auto [progId, name, value] =
+            zelFetch<QString, QString, QVariant>({"progId", "name", "value"});
         zelTestScope scope;
         Subject s(progId);
         auto *w = qobject_cast<QWidget *>(s.o);

@@ -1,6 +1,7 @@
 // The keyed collection behind every collection class.
 
 #include "core/zelKeyedCollection.h"
+#include "zelTestData.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -29,8 +30,8 @@ class tst_Collection : public QObject
 private slots:
     void itemByKeyOrPosition_data()
     {
-        QTest::addColumn<QVariant>("key");
-        QTest::addColumn<int>("expected"); // 0: nothing
+        // expected: 0: nothing
+        zelColumns<QVariant, int>({"key", "expected"});
         QTest::newRow("position 1") << QVariant(1) << 10;
         QTest::newRow("position 3") << QVariant(3) << 30;
         QTest::newRow("position as double") << QVariant(2.0) << 20;
@@ -94,8 +95,7 @@ private slots:
 
     void matchesPlainModelUnderRandomEdits_data()
     {
-        QTest::addColumn<int>("initial");
-        QTest::addColumn<int>("edits");
+        zelColumns<int, int>({"initial", "edits"});
         QTest::newRow("small") << 10 << 2000;
         QTest::newRow("several chunks") << 5000 << 4000;
     }
@@ -104,8 +104,7 @@ private slots:
     // position and key must still answer what a plain vector says.
     void matchesPlainModelUnderRandomEdits()
     {
-        QFETCH(int, initial);
-        QFETCH(int, edits);
+        const auto [initial, edits] = zelFetch<int, int>({"initial", "edits"});
         QRandomGenerator rng(42);
         Coll c;
         std::vector<int> model;

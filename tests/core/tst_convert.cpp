@@ -4,6 +4,7 @@
 
 #include "core/zelConvert.h"
 #include "fields/zelOleDate.h"
+#include "zelTestData.h"
 
 #include <QColor>
 #include <QPoint>
@@ -37,9 +38,7 @@ class tst_Convert : public QObject
 private slots:
     void conversions_data()
     {
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("expected");
+        zelColumns<QString, QVariant, QString>({"to", "value", "expected"});
         auto row = [](const char *to, const QVariant &v, const char *expected) {
             QTest::newRow(
                 qPrintable(QStringLiteral("%1 %2 %3").arg(to, v.typeName(), v.toString())))
@@ -97,8 +96,7 @@ private slots:
 
     void conversions()
     {
-        QFETCH(QString, to);
-        QFETCH(QVariant, value);
+        const auto [to, value] = zelFetch<QString, QVariant>({"to", "value"});
         const QHash<QString, std::function<QVariant()>> f{
             {"CInt", [&] { return QVariant(int(zel::CInt(value))); }},
             {"CLng", [&] { return QVariant(zel::CLng(value)); }},
@@ -113,8 +111,8 @@ private slots:
 
     void dateValues_data()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<QDateTime>("date"); // invalid: error 6
+        // date: invalid: error 6
+        zelColumns<double, QDateTime>({"value", "date"});
         auto row = [](const char *name, double v, const QDateTime &d) {
             QTest::newRow(name) << v << d;
         };
@@ -135,8 +133,7 @@ private slots:
 
     void dateValues()
     {
-        QFETCH(double, value);
-        QFETCH(QDateTime, date);
+        const auto [value, date] = zelFetch<double, QDateTime>({"value", "date"});
         const QString got = outcome([&] { return QVariant(zel::OleToDateTime(value)); });
         QCOMPARE(got, date.isValid() ? date.toString(Qt::ISODate) : QStringLiteral("error 6"));
         if (date.isValid())
@@ -145,9 +142,7 @@ private slots:
 
     void textsAsDates_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("expected");
+        zelColumns<QString, QVariant, QString>({"locale", "value", "expected"});
         auto row = [](const char *locale, const QVariant &v, const char *expected) {
             QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(locale, v.toString())))
                 << QString(locale) << v << QString(expected);
@@ -170,8 +165,7 @@ private slots:
 
     void textsAsDates()
     {
-        QFETCH(QString, locale);
-        QFETCH(QVariant, value);
+        const auto [locale, value] = zelFetch<QString, QVariant>({"locale", "value"});
         QLocale::setDefault(QLocale(locale));
         QTEST(outcome([&] { return QVariant(zel::ToDateTime(value)); }), "expected");
         QCOMPARE(zel::DateTimeToOle(QDateTime()), 0.0);

@@ -9,6 +9,7 @@
 #include "platform/zelLateBinding.h"
 #include "platform/zelObjectFactory.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -66,11 +67,9 @@ private slots:
 
     void layout_data()
     {
-        QTest::addColumn<zelFrameProps>("props");
-        QTest::addColumn<int>("inner");
-        QTest::addColumn<QString>("labels"); // prefix and suffix text, "|" between
-        QTest::addColumn<QRect>("input");
-        QTest::addColumn<int>("suffixLeft");
+        // labels: prefix and suffix text, "|" between
+        zelColumns<zelFrameProps, int, QString, QRect, int>(
+            {"props", "inner", "labels", "input", "suffixLeft"});
         auto row = [](const char *name, const zelFrameProps &p, int inner, const char *labels,
                       const QRect &input, int suffixLeft) {
             QTest::newRow(name) << p << inner << QString(labels) << input << suffixLeft;
@@ -97,8 +96,7 @@ private slots:
 
     void layout()
     {
-        QFETCH(zelFrameProps, props);
-        QFETCH(int, inner);
+        const auto [props, inner] = zelFetch<zelFrameProps, int>({"props", "inner"});
         const zelFrameLayout l = zelLayoutFrame(props, inner, fixedWidth);
         QTEST(QString(l.PrefixText + '|' + l.SuffixText), "labels");
         QCOMPARE(l.PrefixVisible, !l.PrefixText.isEmpty() || props.PrefixWidth);
@@ -112,8 +110,7 @@ private slots:
 
     void labelsAtTwoScreens_data()
     {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<double>("twipsPerPixel");
+        zelColumns<QString, double>({"control", "twipsPerPixel"});
         for (const char *c : {"zelInputBox", "zelDateTime"})
             for (const double tpp : {15.0, 10.0})
                 QTest::addRow("%s at %g", c, tpp) << QString(c) << tpp;
@@ -122,8 +119,8 @@ private slots:
     // Each edge within half a pixel of its place in twips.
     void labelsAtTwoScreens()
     {
-        QFETCH(QString, control);
-        QFETCH(double, twipsPerPixel);
+        const auto [control, twipsPerPixel] =
+            zelFetch<QString, double>({"control", "twipsPerPixel"});
         zelTestScope scope;
         scope.fake().twipsPerPixel = twipsPerPixel;
         Field x(control);
@@ -166,10 +163,8 @@ private slots:
 
     void dataTypeRefusal_data()
     {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("message"); // "Limited Data Type"
+        // message: "Limited Data Type"
+        zelColumns<QString, int, int, QString>({"control", "type", "stored", "message"});
         const char *box = "This control now only supports numbers and strings";
         const char *date = "This control only supports dates";
         auto row = [](const char *control, int type, int stored, const char *message) {
@@ -186,9 +181,8 @@ private slots:
 
     void dataTypeRefusal()
     {
-        QFETCH(QString, control);
-        QFETCH(int, type);
-        QFETCH(QString, message);
+        const auto [control, type, message] =
+            zelFetch<QString, int, QString>({"control", "type", "message"});
         zelTestScope scope;
         Field x(control);
         QSignalSpy changed(x.f, SIGNAL(Changed()));
@@ -208,12 +202,11 @@ private slots:
 
     void hostHearsEachKeyFirst_data()
     {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<int>("type"); // DataType; 0: the date field's time picker
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("host"); // "ab" turns a into b, "x" cancels x
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("tabs"); // Enter as Tab
+        // type: DataType; 0: the date field's time picker
+        // host: "ab" turns a into b, "x" cancels x
+        // tabs: Enter as Tab
+        zelColumns<QString, int, QString, QString, QString, int>(
+            {"control", "type", "keys", "host", "text", "tabs"});
         auto row = [](const char *name, const char *control, int type, const char *keys,
                       const char *host, const char *text, int tabs = 0) {
             QTest::newRow(name) << QString(control) << type << QString(keys) << QString(host)
@@ -230,11 +223,9 @@ private slots:
 
     void hostHearsEachKeyFirst()
     {
-        QFETCH(QString, control);
-        QFETCH(int, type);
-        QFETCH(QString, keys);
-        QFETCH(QString, host);
-        QFETCH(int, tabs);
+        const auto [control, type, keys, host, tabs] =
+            zelFetch<QString, int, QString, QString, int>(
+                {"control", "type", "keys", "host", "tabs"});
         zelTestScope scope;
         scope.fake().moveFocusOnTab = false;
         Field x(control);
@@ -320,8 +311,7 @@ private slots:
 
     void enterMovesFocusWhenAsked_data()
     {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<bool>("sendKeysTab");
+        zelColumns<QString, bool>({"control", "sendKeysTab"});
         for (const char *c : {"zelInputBox", "zelDateTime"})
             for (const bool on : {true, false})
                 QTest::addRow("%s %s", c, on ? "on" : "off") << QString(c) << on;
@@ -329,8 +319,7 @@ private slots:
 
     void enterMovesFocusWhenAsked()
     {
-        QFETCH(QString, control);
-        QFETCH(bool, sendKeysTab);
+        const auto [control, sendKeysTab] = zelFetch<QString, bool>({"control", "sendKeysTab"});
         zelTestScope scope;
         Field x(control);
         x.f->SetSendKeysTab(sendKeysTab);

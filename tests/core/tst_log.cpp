@@ -7,6 +7,7 @@
 #include "core/mMain.h"
 #include "core/zelTrail.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QTest>
 
@@ -19,9 +20,7 @@ class tst_Log : public QObject
 private slots:
     void switchesFollowLookupOrder_data()
     {
-        QTest::addColumn<QVariant>("user");
-        QTest::addColumn<QVariant>("machine");
-        QTest::addColumn<int>("expected");
+        zelColumns<QVariant, QVariant, int>({"user", "machine", "expected"});
         QTest::newRow("both unset") << QVariant() << QVariant() << 0;
         QTest::newRow("user wins") << QVariant(1) << QVariant(0) << 1;
         QTest::newRow("user -99 falls back") << QVariant(-99) << QVariant(2) << 2;
@@ -33,9 +32,8 @@ private slots:
 
     void switchesFollowLookupOrder()
     {
-        QFETCH(QVariant, user);
-        QFETCH(QVariant, machine);
-        QFETCH(int, expected);
+        const auto [user, machine, expected] =
+            zelFetch<QVariant, QVariant, int>({"user", "machine", "expected"});
         zelTestScope scope;
         for (const char *key : {"ConDebug", "ConTrace", "ConTrack"}) {
             if (user.isValid())
@@ -54,9 +52,8 @@ private slots:
 
     void messageText_data()
     {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<int>("moreInfo"); // its length
-        QTest::addColumn<QStringList>("lines");
+        // moreInfo: its length
+        zelColumns<int, int, QStringList>({"number", "moreInfo", "lines"});
         const QString source = QStringLiteral("Source: zelInputBox.MaxLength Let::inner.");
         const QString description = QStringLiteral("Description: Bad thing");
         const QString m750(750, QLatin1Char('m'));
@@ -78,8 +75,7 @@ private slots:
 
     void messageText()
     {
-        QFETCH(int, number);
-        QFETCH(int, moreInfo);
+        const auto [number, moreInfo] = zelFetch<int, int>({"number", "moreInfo"});
         const QString text = mLog::ComposeMessage(
             QStringLiteral("zelInputBox.MaxLength Let"), number, QStringLiteral("inner"),
             QStringLiteral("Bad thing"), QString(moreInfo, QLatin1Char('m')));
@@ -88,12 +84,8 @@ private slots:
 
     void raiseRules_data()
     {
-        QTest::addColumn<int>("conDebug");
-        QTest::addColumn<QString>("trail");
-        QTest::addColumn<QString>("errSource");
-        QTest::addColumn<bool>("raise");
-        QTest::addColumn<bool>("raised");
-        QTest::addColumn<QString>("raisedSource");
+        zelColumns<int, QString, QString, bool, bool, QString>(
+            {"conDebug", "trail", "errSource", "raise", "raised", "raisedSource"});
         const QString term = QStringLiteral("zelFileList.Class_Terminate");
         QTest::newRow("no raise flag") << 0 << "a.b"
                                        << "" << false << false << "";
@@ -112,10 +104,8 @@ private slots:
 
     void raiseRules()
     {
-        QFETCH(int, conDebug);
-        QFETCH(QString, trail);
-        QFETCH(QString, errSource);
-        QFETCH(bool, raise);
+        const auto [conDebug, trail, errSource, raise] =
+            zelFetch<int, QString, QString, bool>({"conDebug", "trail", "errSource", "raise"});
         zelTestScope scope;
         scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
         bool didRaise = false;
@@ -204,8 +194,7 @@ private slots:
 
     void trailMapsStandardExceptions_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("number");
+        zelColumns<int, int>({"kind", "number"});
         QTest::newRow("overflow") << 0 << 6;
         QTest::newRow("bad_alloc") << 1 << 7;
         QTest::newRow("out_of_range") << 2 << 9;
@@ -233,11 +222,7 @@ private slots:
 
     void minHeightList_data()
     {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<bool>("first");
-        QTest::addColumn<bool>("second");
-        QTest::addColumn<int>("height");
-        QTest::addColumn<int>("errors");
+        zelColumns<int, bool, bool, int, int>({"rows", "first", "second", "height", "errors"});
         QTest::newRow("no rows count as one") << 0 << false << false << 20 << 0;
         QTest::newRow("negative rows count as one") << -5 << false << false << 20 << 0;
         QTest::newRow("3 rows, both bands") << 3 << true << true << 92 << 0;
@@ -253,10 +238,8 @@ private slots:
 
     void minHeightList()
     {
-        QFETCH(int, rows);
-        QFETCH(bool, first);
-        QFETCH(bool, second);
-        QFETCH(int, errors);
+        const auto [rows, first, second, errors] =
+            zelFetch<int, bool, bool, int>({"rows", "first", "second", "errors"});
         zelTestScope scope;
         QTEST(mMain::MinHeightList(rows, first, second), "height");
         QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), errors);

@@ -7,6 +7,7 @@
 #include "platform/zelPlatform.h"
 #include "platform/zelPropertyBag.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QApplication>
 #include <QFile>
@@ -199,9 +200,7 @@ private slots:
 
     void systemColoursComeFromThePalette_data()
     {
-        QTest::addColumn<quint32>("colour");
-        QTest::addColumn<int>("group");
-        QTest::addColumn<int>("role");
+        zelColumns<quint32, int, int>({"colour", "group", "role"});
         QTest::newRow("window") << quint32(0x80000005) << int(QPalette::Active)
                                 << int(QPalette::Base);
         QTest::newRow("button face")
@@ -214,9 +213,7 @@ private slots:
 
     void systemColoursComeFromThePalette()
     {
-        QFETCH(quint32, colour);
-        QFETCH(int, group);
-        QFETCH(int, role);
+        const auto [colour, group, role] = zelFetch<quint32, int, int>({"colour", "group", "role"});
         const QColor expected =
             QApplication::palette().color(QPalette::ColorGroup(group), QPalette::ColorRole(role));
         QCOMPARE(zel::ToQColor(colour), expected);

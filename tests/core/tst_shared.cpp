@@ -5,6 +5,7 @@
 #include "core/zelShared.h"
 #include "platform/zelLateBinding.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -16,9 +17,8 @@ class tst_Shared : public QObject
 private slots:
     void freedOnceByTheLastOwner_data()
     {
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<int>("freedAt"); // index of the step that frees it
-        QTest::addColumn<int>("errors");
+        // freedAt: index of the step that frees it
+        zelColumns<QString, int, int>({"steps", "freedAt", "errors"});
         QTest::newRow("never added") << "delete" << 0 << 0;
         QTest::newRow("deleted, then cleared") << "add delete read clear" << 3 << 0;
         QTest::newRow("cleared, then deleted") << "add clear delete" << 2 << 0;
@@ -34,8 +34,7 @@ private slots:
 
     void freedOnceByTheLastOwner()
     {
-        QFETCH(QString, steps);
-        QFETCH(int, freedAt);
+        const auto [steps, freedAt] = zelFetch<QString, int>({"steps", "freedAt"});
         for (const QString kind : {"zelCtrl.zelGridRow", "zelCtrl.zelGridColumn"}) {
             zelTestScope scope;
             const QString key = kind.endsWith(u"Row") ? "Key" : "Caption";

@@ -1,5 +1,6 @@
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPlatform.h"
+#include "zelTestData.h"
 
 #include "zelFakePlatform.h"
 
@@ -133,9 +134,7 @@ private slots:
 #ifdef ZEL_HAVE_FORM_EDITOR
     void propertySetInDesignerReachesTheRunningForm_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("property");
-        QTest::addColumn<QVariant>("value");
+        zelColumns<QString, QString, QVariant>({"name", "property", "value"});
 
         // One row per kind of value Designer edits (whole number, Boolean,
         // decimal, text, unsigned colour) and per control.
@@ -153,9 +152,8 @@ private slots:
 
     void propertySetInDesignerReachesTheRunningForm()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, property);
-        QFETCH(QVariant, value);
+        const auto [name, property, value] =
+            zelFetch<QString, QString, QVariant>({"name", "property", "value"});
         zelTestScope scope;
 
         // In Designer: the property editor writes through the sheet.

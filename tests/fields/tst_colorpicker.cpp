@@ -1,4 +1,5 @@
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include "fields/zelColorPicker.h"
 #include "platform/zelLateBinding.h"
@@ -62,9 +63,7 @@ private slots:
 
     void dialogAnswerSetsColourAndClicks_data()
     {
-        QTest::addColumn<quint32>("before");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<quint32>("after");
+        zelColumns<quint32, bool, quint32>({"before", "accepted", "after"});
         QTest::newRow("new colour") << quint32(0) << true << quint32(0x00FF00);
         QTest::newRow("same colour still clicks") << quint32(0x123456) << true << quint32(0x123456);
         QTest::newRow("from a system colour") << zel::SysButtonFace << true << quint32(0xFFFFFF);
@@ -73,9 +72,8 @@ private slots:
 
     void dialogAnswerSetsColourAndClicks()
     {
-        QFETCH(quint32, before);
-        QFETCH(bool, accepted);
-        QFETCH(quint32, after);
+        const auto [before, accepted, after] =
+            zelFetch<quint32, bool, quint32>({"before", "accepted", "after"});
         zelTestScope scope;
         scope.fake().colorDialogAccepts = accepted;
         scope.fake().colorDialogAnswer = accepted ? after : 0x00FF00;
@@ -103,10 +101,10 @@ private slots:
 
     void gesturesThatOpenTheDialog_data()
     {
-        QTest::addColumn<int>("key");        // 0: a mouse click instead
-        QTest::addColumn<int>("button");     // of the mouse
-        QTest::addColumn<QPoint>("release"); // where the mouse is let go
-        QTest::addColumn<bool>("opens");
+        // key: 0: a mouse click instead
+        // button: of the mouse
+        // release: where the mouse is let go
+        zelColumns<int, int, QPoint, bool>({"key", "button", "release", "opens"});
         const QPoint inside(20, 10);
         QTest::newRow("Space") << int(Qt::Key_Space) << 0 << inside << true;
         QTest::newRow("Return") << int(Qt::Key_Return) << 0 << inside << true;
@@ -118,10 +116,8 @@ private slots:
 
     void gesturesThatOpenTheDialog()
     {
-        QFETCH(int, key);
-        QFETCH(int, button);
-        QFETCH(QPoint, release);
-        QFETCH(bool, opens);
+        const auto [key, button, release, opens] =
+            zelFetch<int, int, QPoint, bool>({"key", "button", "release", "opens"});
         zelTestScope scope;
         scope.fake().colorDialogAnswer = 0x336699;
         auto p = makePicker(0x010203);

@@ -1,4 +1,5 @@
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include "fields/zelDateTime.h"
 #include "platform/zelLateBinding.h"
@@ -63,11 +64,11 @@ private slots:
 
     void valueSetter_data()
     {
-        QTest::addColumn<bool>("timeInput");
-        QTest::addColumn<QVariant>("input");
-        QTest::addColumn<QString>("text");     // the field showed "3/4/2021" before
-        QTest::addColumn<QDateTime>("value");  // invalid: not checked
-        QTest::addColumn<QString>("pickerAt"); // "now", "today", or "" for the value's day
+        // text: the field showed "3/4/2021" before
+        // value: invalid: not checked
+        // pickerAt: "now", "today", or "" for the value's day
+        zelColumns<bool, QVariant, QString, QDateTime, QString>(
+            {"timeInput", "input", "text", "value", "pickerAt"});
         auto row = [](const char *name, bool time, const QVariant &input, const char *text,
                       const QDateTime &value, const char *pickerAt = "") {
             QTest::newRow(name) << time << input << QString(text) << value << QString(pickerAt);
@@ -90,10 +91,9 @@ private slots:
 
     void valueSetter()
     {
-        QFETCH(bool, timeInput);
-        QFETCH(QVariant, input);
-        QFETCH(QDateTime, value);
-        QFETCH(QString, pickerAt);
+        const auto [timeInput, input, value, pickerAt] =
+            zelFetch<bool, QVariant, QDateTime, QString>(
+                {"timeInput", "input", "value", "pickerAt"});
         zelTestScope scope;
         auto f = makeField();
         picker(*f)->setDateTime(QDateTime(QDate(1960, 6, 1), QTime(3, 0)));
@@ -143,12 +143,10 @@ private slots:
 
     void typingRule_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<int>("cursor"); // where the keys go into start; -1 = over all of it
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QDateTime>("value"); // invalid: not checked
+        // cursor: where the keys go into start; -1 = over all of it
+        // value: invalid: not checked
+        zelColumns<QString, QString, int, QString, QString, QDateTime>(
+            {"locale", "start", "cursor", "keys", "text", "value"});
         auto row = [](const char *name, const char *locale, const char *keys, const char *text,
                       const char *start = "", int cursor = 0, const QDateTime &value = {}) {
             QTest::newRow(name) << QString(locale) << QString(start) << cursor << QString(keys)
@@ -183,10 +181,8 @@ private slots:
 
     void typingRule()
     {
-        QFETCH(QString, locale);
-        QFETCH(QString, start);
-        QFETCH(int, cursor);
-        QFETCH(QString, keys);
+        const auto [locale, start, cursor, keys] =
+            zelFetch<QString, QString, int, QString>({"locale", "start", "cursor", "keys"});
         zelTestScope scope;
         useLocale(locale);
         auto f = makeField();
@@ -283,9 +279,7 @@ private slots:
 
     void keyboardOpensCalendar_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifiers");
-        QTest::addColumn<bool>("opens");
+        zelColumns<int, int, bool>({"key", "modifiers", "opens"});
         QTest::newRow("F4") << int(Qt::Key_F4) << int(Qt::NoModifier) << true;
         QTest::newRow("Alt+Down") << int(Qt::Key_Down) << int(Qt::AltModifier) << true;
         QTest::newRow("Down alone") << int(Qt::Key_Down) << int(Qt::NoModifier) << false;
@@ -293,8 +287,7 @@ private slots:
 
     void keyboardOpensCalendar()
     {
-        QFETCH(int, key);
-        QFETCH(int, modifiers);
+        const auto [key, modifiers] = zelFetch<int, int>({"key", "modifiers"});
         zelTestScope scope;
         auto f = makeField();
         f->show();
@@ -308,9 +301,8 @@ private slots:
 
     void frameKeysStoredWidths_data()
     {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QVariant>("written"); // invalid: refused with error 6, not written
+        // written: invalid: refused with error 6, not written
+        zelColumns<QString, int, QVariant>({"key", "value", "written"});
         QTest::newRow("PrefixAlignment 32-bit")
             << "PrefixAlignment" << 2 << QVariant::fromValue(qint32(2));
         QTest::newRow("SuffixAlignment 32-bit")
@@ -320,9 +312,8 @@ private slots:
 
     void frameKeysStoredWidths()
     {
-        QFETCH(QString, key);
-        QFETCH(int, value);
-        QFETCH(QVariant, written);
+        const auto [key, value, written] =
+            zelFetch<QString, int, QVariant>({"key", "value", "written"});
         zelTestScope scope;
         auto f = makeField();
         f->SetPrefix(QStringLiteral("Datum"));

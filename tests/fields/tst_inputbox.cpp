@@ -7,6 +7,7 @@
 
 #include "fields/zelInputBox.h"
 #include "zelFakePlatform.h"
+#include "zelTestData.h"
 
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -55,12 +56,8 @@ class tst_InputBox : public QObject
 private slots:
     void typingFollowsDataType_data()
     {
-        QTest::addColumn<int>("dataType");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QString>("illegal");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<int>("beeps");
+        zelColumns<int, int, QString, QString, QString, int>(
+            {"dataType", "decimals", "illegal", "typed", "expected", "beeps"});
         auto row = [](const char *name, int type, int decimals, const char *illegal,
                       const char *typed, const char *expected, int beeps = 0) {
             QTest::newRow(name) << type << decimals << QString(illegal) << QString(typed)
@@ -79,10 +76,8 @@ private slots:
 
     void typingFollowsDataType()
     {
-        QFETCH(int, dataType);
-        QFETCH(int, decimals);
-        QFETCH(QString, illegal);
-        QFETCH(QString, typed);
+        const auto [dataType, decimals, illegal, typed] =
+            zelFetch<int, int, QString, QString>({"dataType", "decimals", "illegal", "typed"});
         zelTestScope scope;
         zelInputBox box;
         box.SetDataType(dataType);
@@ -96,10 +91,8 @@ private slots:
 
     void decimalsStayBelowMaxLength_data()
     {
-        QTest::addColumn<int>("maxLength");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<int>("expectedMax");
-        QTest::addColumn<int>("expectedDecimals");
+        zelColumns<int, int, int, int>(
+            {"maxLength", "decimals", "expectedMax", "expectedDecimals"});
         QTest::newRow("8 with 5") << 5 << 8 << 5 << 4;
         QTest::newRow("5 with 5") << 5 << 5 << 5 << 4;
         QTest::newRow("4 with 5") << 5 << 4 << 5 << 4;
@@ -108,8 +101,7 @@ private slots:
 
     void decimalsStayBelowMaxLength()
     {
-        QFETCH(int, maxLength);
-        QFETCH(int, decimals);
+        const auto [maxLength, decimals] = zelFetch<int, int>({"maxLength", "decimals"});
         zelTestScope scope;
         zelInputBox box;
         QSignalSpy marked(&box, &zelInputBox::PropertyChanged);
@@ -125,12 +117,8 @@ private slots:
 
     void valueIsFormattedAndParsed_data()
     {
-        QTest::addColumn<int>("dataType");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QVariant>("set");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QVariant>("read");
-        QTest::addColumn<QString>("format");
+        zelColumns<int, int, QVariant, QString, QVariant, QString>(
+            {"dataType", "decimals", "set", "shown", "read", "format"});
         QTest::newRow("pi") << 5 << 2 << QVariant(3.14159) << "3.14" << QVariant(3.14) << "0.00";
         QTest::newRow("whole") << 5 << 0 << QVariant(2.5) << "2" << QVariant(2.0) << "0";
         QTest::newRow("negative") << 5 << 3 << QVariant(-1.5) << "-1.500" << QVariant(-1.5)
@@ -143,10 +131,8 @@ private slots:
 
     void valueIsFormattedAndParsed()
     {
-        QFETCH(int, dataType);
-        QFETCH(int, decimals);
-        QFETCH(QVariant, set);
-        QFETCH(QVariant, read);
+        const auto [dataType, decimals, set, read] =
+            zelFetch<int, int, QVariant, QVariant>({"dataType", "decimals", "set", "read"});
         zelTestScope scope;
         zelInputBox box;
         box.SetDataType(dataType);
@@ -189,11 +175,7 @@ private slots:
     // platform. away: the focus goes with the window or the box.
     void leavingTheField_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("real");
-        QTest::addColumn<bool>("away");
-        QTest::addColumn<int>("messages");
+        zelColumns<QString, QString, bool, bool, int>({"how", "typed", "real", "away", "messages"});
         auto row = [](const char *how, const char *typed, bool real, bool away, int n) {
             QTest::newRow(qPrintable(QString("%1 %2%3").arg(how, typed, real ? " real" : "")))
                 << QString(how) << QString(typed) << real << away << n;
@@ -211,11 +193,8 @@ private slots:
 
     void leavingTheField()
     {
-        QFETCH(QString, how);
-        QFETCH(QString, typed);
-        QFETCH(bool, real);
-        QFETCH(bool, away);
-        QFETCH(int, messages);
+        const auto [how, typed, real, away, messages] = zelFetch<QString, QString, bool, bool, int>(
+            {"how", "typed", "real", "away", "messages"});
         std::optional<zelTestScope> scope;
         if (!real)
             scope.emplace();
