@@ -121,14 +121,10 @@ private slots:
                 const bool append = pos == int(model.size());
                 QVERIFY(c.Add(make(next), QStringLiteral("K%1").arg(next), append ? 0 : pos + 1));
                 model.insert(model.begin() + pos, next++);
-            } else if (op == 1) {
+            } else { // by position or by key, inserted keys in other letters
                 const int pos = rng.bounded(int(model.size()));
-                QVERIFY(c.RemoveAt(pos + 1));
-                removed.push_back(model[size_t(pos)]);
-                model.erase(model.begin() + pos);
-            } else {
-                const int pos = rng.bounded(int(model.size()));
-                QVERIFY(c.RemoveKey(QStringLiteral("k%1").arg(model[size_t(pos)])));
+                const QString key = QStringLiteral("k%1").arg(model[size_t(pos)]);
+                QVERIFY(op == 1 ? c.RemoveAt(pos + 1) : c.RemoveKey(key));
                 removed.push_back(model[size_t(pos)]);
                 model.erase(model.begin() + pos);
             }
