@@ -68,7 +68,7 @@ private slots:
         QVERIFY(c.Add(make(1), QStringLiteral("Roads")));
         QVERIFY(!c.Add(make(2), QStringLiteral("ROADS"))); // keys ignore letter case
         QCOMPARE(c.IndexOfKey(QStringLiteral("rOaDs")), 1);
-        QCOMPARE(c.KeyAt(1), QStringLiteral("Roads")); // the spelling it was added with
+        QCOMPARE(c.KeyAt(1), "Roads"); // the spelling it was added with
         QVERIFY(c.Add(make(2)));
         QVERIFY(c.Add(make(3))); // two members without keys are fine
         QVERIFY(!c.Remove(4));

@@ -150,7 +150,7 @@ private slots:
         x.f->SetPrefix(QStringLiteral("Name"));
         x.f->SetPrefixColon(true);
         x.f->SetSuffixParens(true);
-        QCOMPARE(prefix->text() + suffix->text(), QStringLiteral("Name:(m)"));
+        QCOMPARE(prefix->text() + suffix->text(), "Name:(m)");
         // The input starts 60 twips right of the prefix label.
         const int gap = x.txt->x() - prefix->geometry().right() - 1;
         QVERIFY2(std::abs(gap * twipsPerPixel - 60) <= twipsPerPixel,
@@ -306,7 +306,7 @@ private slots:
         QCOMPARE(zelLoggedErrors(QStringLiteral("zelInputBox.UserControl_Resize")), 1);
         x.set("DataType", 8);
         x.set("Text", QStringLiteral("still works"));
-        QCOMPARE(x.txt->text(), QStringLiteral("still works"));
+        QCOMPARE(x.txt->text(), "still works");
     }
 
     void enterMovesFocusWhenAsked_data()

@@ -115,7 +115,7 @@ private slots:
             didRaise = true;
             QTEST(e.Source(), "raisedSource");
             QCOMPARE(e.Number(), 9);
-            QCOMPARE(e.Description(), QStringLiteral("desc"));
+            QCOMPARE(e.Description(), "desc");
         }
         QTEST(didRaise, "raised");
         // Only in debug mode is the message shown to a developer.
@@ -185,8 +185,7 @@ private slots:
         QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileFilter")), 1);
         QCOMPARE(zelCaptureLogger::traces.size(), 1);
         QCOMPARE(zelCaptureLogger::traces[0][3].toString(), QString(20, QLatin1Char('*')));
-        QCOMPARE(zelCaptureLogger::traces[0][4].toString(),
-                 QStringLiteral("First call to tracked object"));
+        QCOMPARE(zelCaptureLogger::traces[0][4].toString(), "First call to tracked object");
         // A class never counted up is a logged failure, not a crash.
         mLog::TrackerDecr(QStringLiteral("zelNeverSeen"));
         QCOMPARE(zelLoggedErrors(QStringLiteral("mLog.TrackerDecr")), 1);
@@ -217,7 +216,7 @@ private slots:
         QVERIFY(!completed);
         QCOMPARE(zelCaptureLogger::errors.size(), 1);
         QTEST(zelCaptureLogger::errors[0][3].toInt(), "number");
-        QCOMPARE(zelCaptureLogger::errors[0][6].toString(), QStringLiteral("Finished"));
+        QCOMPARE(zelCaptureLogger::errors[0][6].toString(), "Finished");
     }
 
     void minHeightList_data()

@@ -98,7 +98,7 @@ private slots:
         QVERIFY(ok);
         QCOMPARE(args[0].toInt(), 42); // by reference
         QCOMPARE(zel::CallByName(&t, QStringLiteral("Echo"), {QStringLiteral("x")}).toString(),
-                 QStringLiteral("x"));
+                 "x");
         QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
         QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
         QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
@@ -143,7 +143,7 @@ private slots:
             zel::platform()
                 .ReadSetting(zel::SettingsScope::Machine, QStringLiteral("ErrorLogger"), QString())
                 .toString(),
-            QStringLiteral("my.Logger"));
+            "my.Logger");
         mLog::Reset();
         qunsetenv("ZEL_USER_SETTINGS");
         qunsetenv("ZEL_MACHINE_SETTINGS");
@@ -168,8 +168,7 @@ private slots:
         QVERIFY(out.Save(file));
         zelJsonPropertyBag in;
         QVERIFY(in.Load(file));
-        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QString()).toString(),
-                 QStringLiteral("Breite"));
+        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QString()).toString(), "Breite");
         QCOMPARE(in.ReadProperty(QStringLiteral("ValueMax"), 0.0).toDouble(), 10.5);
 
         QFile f(file);
@@ -180,7 +179,7 @@ private slots:
         QVERIFY(!in.Load(file, &why));
         QVERIFY(!why.isEmpty());
         QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QStringLiteral("def")).toString(),
-                 QStringLiteral("def"));
+                 "def");
         QVERIFY(!in.Load(dir.filePath(QStringLiteral("missing.json"))));
 
         // A QSettings group keeps its keys apart from other groups' and
@@ -190,12 +189,10 @@ private slots:
         zelSettingsPropertyBag second(store, QStringLiteral("inpHeight"));
         first.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Width"), QString());
         second.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Height"), QString());
-        QCOMPARE(first.ReadProperty(QStringLiteral("Prefix"), QString()).toString(),
-                 QStringLiteral("Width"));
+        QCOMPARE(first.ReadProperty(QStringLiteral("Prefix"), QString()).toString(), "Width");
         first.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
         QVERIFY(!store.contains(QStringLiteral("inpWidth/Prefix")));
-        QCOMPARE(store.value(QStringLiteral("inpHeight/Prefix")).toString(),
-                 QStringLiteral("Height"));
+        QCOMPARE(store.value(QStringLiteral("inpHeight/Prefix")).toString(), "Height");
     }
 
     void systemColoursComeFromThePalette_data()

@@ -136,7 +136,7 @@ private slots:
         picker(*f)->setDateTime(QDateTime(QDate(2021, 3, 4), QTime(10, 0)));
         // Raised with the flag set, before the text box shows the new day.
         QCOMPARE(seen, QStringList({QStringLiteral("1/2/1950"), QStringLiteral("flag")}));
-        QCOMPARE(f->Text(), QStringLiteral("3/4/2021"));
+        QCOMPARE(f->Text(), "3/4/2021");
         QCOMPARE(f->Value().toDateTime(), day(2021, 3, 4));
         QCOMPARE(zelLoggedErrors(), 0);
     }
@@ -260,7 +260,7 @@ private slots:
         QCOMPARE(pv->style()->hitTestComplexControl(QStyle::CC_ComboBox, &opt, inButton, pv),
                  QStyle::SC_ComboBoxArrow);
         QVERIFY(pv->calendarPopup());
-        QCOMPARE(pv->displayFormat(), QStringLiteral("MMM dd, yyyy"));
+        QCOMPARE(pv->displayFormat(), "MMM dd, yyyy");
 
         // In time mode the picker alone fills the input area, as an up-down editor
         // that takes a time on the zero day.
@@ -268,7 +268,7 @@ private slots:
         f->SetTimeInput(true);
         QVERIFY(txt->isHidden());
         QVERIFY(!pv->calendarPopup());
-        QCOMPARE(pv->displayFormat(), QStringLiteral("hh:mm AP"));
+        QCOMPARE(pv->displayFormat(), "hh:mm AP");
         QCOMPARE(pv->geometry(), inputArea);
         f->SetValue(QTime(8, 20));
         QCOMPARE(pv->date(), QDate(1899, 12, 30));
@@ -320,7 +320,7 @@ private slots:
         QVERIFY(zel::SetProperty(f.get(), key, value));
         zelMemoryPropertyBag bag;
         f->WriteProperties(bag);
-        QCOMPARE(bag.Value(QStringLiteral("Prefix")).toString(), QStringLiteral("Datum"));
+        QCOMPARE(bag.Value(QStringLiteral("Prefix")).toString(), "Datum");
         QCOMPARE(bag.Value(key).metaType(), written.metaType());
         QCOMPARE(bag.Value(key), written);
         QCOMPARE(zelLoggedErrors(QStringLiteral("zelDateTime.UserControl_WriteProperties")),

@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(input(box)->maxLength(), box.MaxLength());
         // MaxLength is never marked changed; Decimals is.
         QCOMPARE(marked.size(), 1);
-        QCOMPARE(marked[0][0].toString(), QStringLiteral("Decimals"));
+        QCOMPARE(marked[0][0].toString(), "Decimals");
     }
 
     void valueIsFormattedAndParsed_data()
