@@ -11,7 +11,6 @@
 
 #include <QDateTimeEdit>
 #include <QLineEdit>
-#include <cmath>
 
 ZEL_FUZZ_INIT
 
@@ -30,7 +29,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     try {
         const QDateTime dt = zel::OleToDateTime(ole);
-        zelfuzz::Check(std::abs(zel::DateTimeToOle(dt) - ole) < 1e-7, "a date value changed on its way back");
+        // Values between -1 and 0 mean the same as their positive twins, so
+        // the check goes from the date: it reads back to itself.
+        zelfuzz::Check(zel::OleToDateTime(zel::DateTimeToOle(dt)) == dt, "a date changed on its way back");
     } catch (const zelError &) {
     }
     const QDateTime read = zel::DateFromText(text, locale);

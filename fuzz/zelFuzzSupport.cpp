@@ -128,10 +128,9 @@ void Type(QWidget *w, const QString &text)
         }
         if (key == 0)
             continue;
+        // Presses only: the fields act on them, and it halves the events.
         QKeyEvent press(QEvent::KeyPress, key, mods, chars);
         QCoreApplication::sendEvent(w, &press);
-        QKeyEvent release(QEvent::KeyRelease, key, mods, chars);
-        QCoreApplication::sendEvent(w, &release);
     }
 }
 
