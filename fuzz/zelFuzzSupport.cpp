@@ -11,9 +11,9 @@
 #include <QRect>
 #include <QWidget>
 
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 namespace {
 
@@ -31,7 +31,6 @@ public:
     }
     bool ChooseColor(quint32 &, QWidget *) override { return false; }
     QString ChooseOpenFile(const QString &, const QString &, QWidget *) override { return {}; }
-    double TwipsPerPixel() override { return 15.0; }
 };
 
 class Logger : public QObject
@@ -136,12 +135,10 @@ void Type(QWidget *w, const QString &text)
 
 double Bytes::Double()
 {
-    double d = 0;
-    unsigned char raw[sizeof d] = {};
-    for (auto &b : raw)
-        b = Byte();
-    std::memcpy(&d, raw, sizeof d);
-    return d;
+    quint64 bits = 0;
+    for (int i = 0; i < 64; i += 8)
+        bits |= quint64(Byte()) << i;
+    return std::bit_cast<double>(bits);
 }
 
 QString Bytes::Text(size_t max)
