@@ -36,7 +36,10 @@ export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
 # cheap (the reproducer, run alone, reports with full stacks); leaks are
 # checked once at exit, not after each input. The plain schedule
 # (-entropic=0) halves libFuzzer's own share on targets with many features.
-export ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=16
+# A request beyond 2 GB fails as the system's allocator fails it (a stored
+# @Variant may claim a 20 GB string; Qt reads that as corrupt data), instead
+# of the sanitizer backing it with gigabytes of shadow memory.
+export ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=16:max_allocation_size_mb=2048:allocator_may_return_null=1
 export LSAN_OPTIONS=suppressions=$root/fuzz/lsan.supp
 for t in "${targets[@]}"; do
     # Inputs found on the way go to a scratch folder; the seeds stay as committed.
@@ -49,7 +52,7 @@ for t in "${targets[@]}"; do
         -artifact_prefix="$out/fuzz_$t-" -print_final_stats=1 "$scratch" "fuzz/corpus/$t" >"$log" 2>&1; then
         crash=$(sed -n 's/.*Test unit written to //p' "$log" | tail -1)
         echo "fuzz_$t: FINDING ${crash:-(see log)}; log $log"
-        echo "  reproduce: LSAN_OPTIONS=suppressions=fuzz/lsan.supp build-fuzz/fuzz/fuzz_$t ${crash:-<input>}"
+        echo "  reproduce: ASAN_OPTIONS=max_allocation_size_mb=2048:allocator_may_return_null=1 LSAN_OPTIONS=suppressions=fuzz/lsan.supp build-fuzz/fuzz/fuzz_$t ${crash:-<input>}"
         rm -rf "$scratch"
         exit 1
     fi
