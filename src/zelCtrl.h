@@ -9,11 +9,11 @@
 #include "platform/zelPropertyBag.h"
 
 #include "core/mLog.h"
+#include "core/mMain.h"
 #include "core/zelConvert.h"
 #include "core/zelError.h"
 #include "core/zelFieldFrame.h"
 #include "core/zelKeyedCollection.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
 

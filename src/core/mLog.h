@@ -48,11 +48,3 @@ void SetConDebug(qint32 value);
 void Reset();
 
 } // namespace mLog
-
-namespace mMain {
-
-// Height in pixels of a drop-down list showing lRows rows, with room for
-// up to two extra bands.
-qint32 MinHeightList(qint32 lRows, bool bFirstBand, bool bSecondBand);
-
-} // namespace mMain

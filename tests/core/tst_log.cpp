@@ -1,7 +1,10 @@
 // The diagnostic log: switch lookup, message text, swallow and raise rules,
-// the logger per message, tracing and instance tracking.
+// the logger per message, tracing and instance tracking; and the drop-down
+// height: the row floor, the cap that the first band counts towards and the
+// second does not, overflow as a logged failure.
 
 #include "core/mLog.h"
+#include "core/mMain.h"
 #include "core/zelTrail.h"
 #include "zelFakePlatform.h"
 
@@ -88,29 +91,6 @@ private slots:
         QTEST(text.split(QStringLiteral("\r\n")), "lines");
     }
 
-    void everyMessageIsLoggedAndShownOnlyInDebugMode()
-    {
-        {
-            zelTestScope scope;
-            mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"),
-                           zelError(6, QStringLiteral("src")), QStringLiteral("step"), false);
-            QCOMPARE(scope.fake().messages.size(), 0);
-            QCOMPARE(zelCaptureLogger::errors.size(), 1);
-            QCOMPARE(zelCaptureLogger::errors[0],
-                     (QVariantList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6,
-                                   "src", "Overflow", "step"}));
-        }
-
-        zelTestScope scope;
-        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
-        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(13), QString(), false);
-        QCOMPARE(scope.fake().messages.size(), 1);
-        QCOMPARE(scope.fake().messages[0].title,
-                 QStringLiteral("Debug Mode Error Handler (zelCtrl)"));
-        QVERIFY(scope.fake().messages[0].text.startsWith(QStringLiteral("Error:  13\r\n")));
-        QCOMPARE(zelCaptureLogger::errors.size(), 1);
-    }
-
     void raiseRules_data()
     {
         QTest::addColumn<int>("conDebug");
@@ -155,18 +135,26 @@ private slots:
             QCOMPARE(e.Description(), QStringLiteral("desc"));
         }
         QCOMPARE(didRaise, raised);
+        // Only in debug mode is the message shown to a developer.
         QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
+        for (const auto &m : std::as_const(scope.fake().messages))
+            QCOMPARE(m.title + m.text.left(9), "Debug Mode Error Handler (zelCtrl)Error:  9");
+        QCOMPARE(zelCaptureLogger::errors.size(), 1);
     }
 
     void loggerIsCreatedForEveryMessageAndTrace()
     {
         zelTestScope scope;
-        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(6, QStringLiteral("src")),
+                       QStringLiteral("step"), false);
         mLog::ErrorLog(QStringLiteral("a.c"), zelError(5), QString(), false);
         mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
                        QStringLiteral("1"));
         QCOMPARE(zelCaptureLogger::created, 3);
         QCOMPARE(zelCaptureLogger::errors.size(), 2);
+        QCOMPARE(zelCaptureLogger::errors[0],
+                 (QVariantList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6, "src",
+                               "Overflow", "step"}));
         QCOMPARE(zelCaptureLogger::traces,
                  (QList<QVariantList>{{"zelCtrl", mLog::VersionString(), "zelGridList.SizeColZero",
                                        "lSizeCol = ", "1"}}));
@@ -181,13 +169,21 @@ private slots:
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
         QCOMPARE(zelCaptureLogger::errors.size(), 0);
+        // A logger without the logger's methods: its refusal is shown once,
+        // not logged round and round.
+        scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
+                                            QStringLiteral("zelCtrl.zelGridColumn"));
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        QCOMPARE(scope.fake().messages.size(), 3);
+        QVERIFY(
+            scope.fake().messages[1].text.contains(QStringLiteral("zelGridColumn.ErrorMessage")));
 
         scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
                                             QString::fromLatin1(zelTestScope::LoggerProgId));
         zelCaptureLogger::failing = true;
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
-        QCOMPARE(scope.fake().messages.size(), 2);
+        QCOMPARE(scope.fake().messages.size(), 4);
     }
 
     void trackerCountsAndTracesFirstCall()
@@ -262,12 +258,18 @@ private slots:
         QTest::addColumn<bool>("first");
         QTest::addColumn<bool>("second");
         QTest::addColumn<int>("height");
-        QTest::newRow("0 rows") << 0 << false << false << 20;
-        QTest::newRow("negative rows") << -5 << false << false << 20;
-        QTest::newRow("3 rows both bands") << 3 << true << true << 92;
-        QTest::newRow("12 rows capped") << 12 << false << false << 194;
-        QTest::newRow("20 rows both bands") << 20 << true << true << 214;
-        QTest::newRow("11 rows first band capped") << 11 << true << false << 194;
+        QTest::addColumn<int>("errors");
+        QTest::newRow("no rows count as one") << 0 << false << false << 20 << 0;
+        QTest::newRow("negative rows count as one") << -5 << false << false << 20 << 0;
+        QTest::newRow("3 rows, both bands") << 3 << true << true << 92 << 0;
+        QTest::newRow("11 rows, highest below the cap") << 11 << false << false << 180 << 0;
+        QTest::newRow("12 rows capped") << 12 << false << false << 194 << 0;
+        QTest::newRow("first band pushes over the cap") << 11 << true << false << 194 << 0;
+        QTest::newRow("second band on top of the cap") << 12 << false << true << 214 << 0;
+        QTest::newRow("20 rows, both bands") << 20 << true << true << 214 << 0;
+        QTest::newRow("largest row count that fits") << 134217727 << false << false << 194 << 0;
+        QTest::newRow("first band overflows") << 134217727 << true << true << 0 << 1;
+        QTest::newRow("rows overflow") << 134217728 << false << false << 0 << 1;
     }
 
     void minHeightList()
@@ -276,12 +278,11 @@ private slots:
         QFETCH(bool, first);
         QFETCH(bool, second);
         QFETCH(int, height);
+        QFETCH(int, errors);
         zelTestScope scope;
         QCOMPARE(mMain::MinHeightList(rows, first, second), height);
-        QCOMPARE(zelCaptureLogger::errors.size(), 0);
-        // Overflow is the procedure's own logged failure.
-        mMain::MinHeightList(std::numeric_limits<qint32>::max(), false, false);
-        QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), 1);
+        QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), errors);
+        QCOMPARE(zelLoggedErrors(), errors);
     }
 };
 

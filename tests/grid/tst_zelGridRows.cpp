@@ -1,9 +1,7 @@
-// The column and row descriptions of the grid list and their collections.
+// The row and column collections of the grid list: moves, keys, cells.
 
 #include "grid/zelGridColumns.h"
 #include "grid/zelGridRows.h"
-#include "platform/zelLateBinding.h"
-#include "platform/zelObjectFactory.h"
 #include "zelFakePlatform.h"
 
 #include <QtTest>
@@ -25,11 +23,6 @@ QString order(const zelGridRows &rows)
     for (const auto &r : rows)
         s += r->Data();
     return s;
-}
-
-QString text(const QVariant &object, const char *property)
-{
-    return qvariant_cast<QObject *>(object)->property(property).toString();
 }
 
 } // namespace
@@ -112,159 +105,6 @@ private slots:
         QCOMPARE(cols.Item(1)->Alignment(), ZEL_ColumnAlignLeft);
         // None of these refusals is an error for the log.
         QCOMPARE(zelLoggedErrors(), 0);
-    }
-
-    void itemAndRemoveTakeKeyOrPosition_data()
-    {
-        QTest::addColumn<QVariant>("key");
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("left");
-
-        QTest::newRow("position") << QVariant(2) << "B"
-                                  << "AC";
-        QTest::newRow("position as double") << QVariant(3.0) << "C"
-                                            << "AB";
-        QTest::newRow("key other case") << QVariant(QStringLiteral("A")) << "A"
-                                        << "BC";
-        QTest::newRow("position zero") << QVariant(0) << ""
-                                       << "ABC";
-        QTest::newRow("position past the end") << QVariant(4) << ""
-                                               << "ABC";
-        QTest::newRow("unknown key") << QVariant(QStringLiteral("zz")) << ""
-                                     << "ABC";
-        QTest::newRow("nothing") << QVariant() << ""
-                                 << "ABC";
-    }
-
-    void itemAndRemoveTakeKeyOrPosition()
-    {
-        QFETCH(QVariant, key);
-        QFETCH(QString, item);
-        QFETCH(QString, left);
-        zelTestScope scope;
-        auto rows = threeRows();
-        const auto found = rows->Item(key);
-        QCOMPARE(found ? found->Data() : QString(), item);
-        QCOMPARE(rows->Remove(key), !item.isEmpty());
-        QCOMPARE(order(*rows), left);
-        QCOMPARE(zelLoggedErrors(), 0);
-    }
-
-    void clearLeavesEarlierEnumeratorsWalking()
-    {
-        zelTestScope scope;
-        auto rows = threeRows();
-        auto before = rows->NewEnum();
-        QCOMPARE(text(before->Next(), "Data"), QStringLiteral("A"));
-        rows->Clear();
-        QCOMPARE(rows->Count(), 0);
-        QVERIFY(!rows->NewEnum()->Next().isValid());
-        QString rest;
-        for (QVariant v = before->Next(); v.isValid(); v = before->Next())
-            rest += text(v, "Data");
-        QCOMPARE(rest, QStringLiteral("BC"));
-        // The cleared collection takes the old keys again.
-        QVERIFY(rows->Create(QStringLiteral("a"), QStringLiteral("new")));
-
-        zelGridColumns cols;
-        cols.Create(QStringLiteral("x"));
-        auto colEnum = cols.NewEnum();
-        cols.Clear();
-        QCOMPARE(text(colEnum->Next(), "Caption"), QStringLiteral("x"));
-        QVERIFY(!colEnum->Next().isValid());
-    }
-
-    void lateBoundCallerReachesEverything()
-    {
-        zelTestScope scope;
-        for (const char *name : {"zelGridColumn", "zelGridColumns", "zelGridRow", "zelGridRows"}) {
-            std::unique_ptr<QObject> o(zel::CreateObject(QStringLiteral("zelCtrl.%1").arg(name)));
-            QVERIFY2(o && QLatin1String(o->metaObject()->className()) == QLatin1String(name), name);
-        }
-        auto setAndGet = [](QObject *o, const QList<QPair<const char *, QVariant>> &values) {
-            for (const auto &[name, value] : values) {
-                QVERIFY2(zel::SetProperty(o, QString::fromLatin1(name), value), name);
-                QCOMPARE(zel::GetProperty(o, QString::fromLatin1(name)), value);
-            }
-        };
-        std::unique_ptr<QObject> rows(zel::CreateObject(QStringLiteral("zelCtrl.zelGridRows")));
-        const QVariant tag = QVariant::fromValue<QObject *>(rows.get());
-        bool ok = false;
-        QObject *row = qvariant_cast<QObject *>(
-            zel::CallByName(rows.get(), QStringLiteral("Create"),
-                            QVariantList{QStringLiteral("k"), QStringLiteral("a\tb"), tag}, &ok));
-        QVERIFY(ok && row);
-        QCOMPARE(zel::GetProperty(row, QStringLiteral("Key")).toString(), QStringLiteral("k"));
-        QCOMPARE(zel::GetProperty(row, QStringLiteral("Tag")), tag);
-        setAndGet(row, {{"Data", QStringLiteral("c")},
-                        {"Selected", true},
-                        {"Checked", true},
-                        {"RowColor", 255u}});
-
-        // A row made by program identifier joins a collection by reference.
-        QObject *made = zel::CreateObject(QStringLiteral("zelCtrl.zelGridRow"));
-        zel::SetProperty(made, QStringLiteral("Key"), QStringLiteral("m"));
-        QVERIFY(zel::CallByName(rows.get(), QStringLiteral("Add"), {QVariant::fromValue(made)})
-                    .toBool());
-        QCOMPARE(zel::GetProperty(rows.get(), QStringLiteral("Count")).toInt(), 2);
-        QCOMPARE(qvariant_cast<QObject *>(zel::CallByName(rows.get(), QStringLiteral("Item"), {2})),
-                 made);
-        QCOMPARE(qvariant_cast<QObject *>(
-                     zel::CallByName(rows.get(), QStringLiteral("Item"), {QStringLiteral("M")})),
-                 made);
-        // Move's by-reference arguments come back unchanged.
-        QVariantList args{2, 1};
-        QVERIFY(zel::CallByName(rows.get(), QStringLiteral("Move"), args).toBool());
-        QCOMPARE(args, (QVariantList{2, 1}));
-        // The caller holds the enumerator as long as it keeps the answer.
-        const QVariant enumerator = zel::CallByName(rows.get(), QStringLiteral("NewEnum"));
-        QObject *walker = qvariant_cast<QObject *>(enumerator);
-        QVERIFY(walker);
-        QString keys;
-        while (QObject *o =
-                   qvariant_cast<QObject *>(zel::CallByName(walker, QStringLiteral("Next"))))
-            keys += zel::GetProperty(o, QStringLiteral("Key")).toString();
-        QCOMPARE(keys, QStringLiteral("mk"));
-        QVERIFY(zel::CallByName(rows.get(), QStringLiteral("Remove"), {1}).toBool());
-        zel::CallByName(rows.get(), QStringLiteral("Clear"));
-        QCOMPARE(zel::CallByName(rows.get(), QStringLiteral("Count")).toInt(), 0);
-
-        std::unique_ptr<QObject> cols(zel::CreateObject(QStringLiteral("zelCtrl.zelGridColumns")));
-        QObject *col = qvariant_cast<QObject *>(
-            zel::CallByName(cols.get(), QStringLiteral("Create"),
-                            {QStringLiteral("Value"), int(ZEL_ColumnAlignRight)}));
-        QVERIFY(col);
-        setAndGet(col, {{"Width", 240},
-                        {"Decimals", 2},
-                        {"DataType", 5},
-                        {"ComboList", QStringLiteral("a|b")},
-                        {"Caption", QStringLiteral("Amount")},
-                        {"AllowEdit", true},
-                        {"Alignment", 3},
-                        {"Tag", QVariant::fromValue<QObject *>(cols.get())}});
-        QVERIFY(zel::CallByName(cols.get(), QStringLiteral("Item"), {1}).isValid());
-        QVERIFY(zel::CallByName(cols.get(), QStringLiteral("NewEnum")).isValid());
-        QVERIFY(zel::CallByName(cols.get(), QStringLiteral("Remove"), {1}).toBool());
-        QCOMPARE(zel::GetProperty(cols.get(), QStringLiteral("Count")).toInt(), 0);
-        QCOMPARE(zelLoggedErrors(), 0);
-    }
-
-    void wrongTypeByNameIsLoggedAndValueKept()
-    {
-        zelTestScope scope;
-        zelGridColumn col;
-        col.SetWidth(300);
-        zel::SetProperty(&col, QStringLiteral("Width"), QStringLiteral("wide"));
-        QCOMPARE(col.Width(), 300);
-        QCOMPARE(zelLoggedErrors(QStringLiteral("zelGridColumn.Width Let")), 1);
-        zel::SetProperty(&col, QStringLiteral("AllowEdit"), QStringLiteral("maybe"));
-        QCOMPARE(zelLoggedErrors(QStringLiteral("zelGridColumn.AllowEdit Let")), 1);
-
-        zelGridRow row;
-        zel::SetProperty(&row, QStringLiteral("RowColor"), QStringLiteral("red"));
-        QCOMPARE(row.RowColor(), 0x80000005u);
-        QCOMPARE(zelLoggedErrors(QStringLiteral("zelGridRow.RowColor Let")), 1);
-        QCOMPARE(zelCaptureLogger::errors.first().value(3).toInt(), 13);
     }
 
     void rowCellsSplitAndReplace_data()
