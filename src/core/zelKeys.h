@@ -9,7 +9,8 @@ class QKeyEvent;
 namespace zel {
 
 // The character code that KeyPress carries: 13 for Enter, the typed
-// character otherwise; 0 for keys that type nothing (arrows, function keys),
+// character otherwise (above U+7FFF as a negative number; beyond 16 bits the
+// first half of its surrogate pair); 0 for keys that type nothing (arrows, function keys),
 // which never reach KeyPress.
 qint16 KeyAscii(const QKeyEvent *e);
 // The virtual key code that KeyDown and KeyUp carry; 0 for keys without one.
