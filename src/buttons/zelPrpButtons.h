@@ -9,9 +9,10 @@
 // languages, and the German Remove and Properties read "Abbruch" and
 // "&Ausführen".
 
+#include "zelCtrlExport.h"
 #include "buttons/zelButtonBar.h"
 
-class zelPrpButtons : public zelButtonBar
+class ZELCTRL_EXPORT zelPrpButtons : public zelButtonBar
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.Language", "0x68030006")

@@ -9,9 +9,10 @@
 // OKasClose shows "Close" ("Schließen") on the OK button, ApplyAsPreview
 // "&Preview" on the Apply button; their events stay OK and Apply.
 
+#include "zelCtrlExport.h"
 #include "buttons/zelButtonBar.h"
 
-class zelStdButtons : public zelButtonBar
+class ZELCTRL_EXPORT zelStdButtons : public zelButtonBar
 {
     Q_OBJECT
     Q_PROPERTY(QVariant OKasClose READ OKasClose WRITE SetOKasClose)

@@ -20,6 +20,7 @@
 // An insert or removal moves the entries of one chunk and adds one integer per
 // chunk; it never walks the members of other chunks.
 
+#include "zelCtrlExport.h"
 #include "platform/zelVariantKind.h"
 
 #include <QString>
@@ -33,7 +34,7 @@
 namespace zel {
 
 // Letter-case-blind hashing and comparison without building folded copies.
-struct CaseInsensitiveHash
+struct ZELCTRL_EXPORT CaseInsensitiveHash
 {
     size_t operator()(const QString &s) const
     {
@@ -52,7 +53,7 @@ struct CaseInsensitiveHash
     }
 };
 
-struct CaseInsensitiveEqual
+struct ZELCTRL_EXPORT CaseInsensitiveEqual
 {
     bool operator()(const QString &a, const QString &b) const noexcept
     {

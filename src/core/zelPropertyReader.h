@@ -5,6 +5,7 @@
 // type is logged (with the key as the step marker) and the default is used,
 // so one hand-edited key never costs the others.
 
+#include "zelCtrlExport.h"
 #include "core/zelTrail.h"
 #include "platform/zelPropertyBag.h"
 
@@ -14,7 +15,7 @@
 
 namespace zel {
 
-class PropertyReader
+class ZELCTRL_EXPORT PropertyReader
 {
 public:
     PropertyReader(zelPropertyBag &bag, const QObject *owner)

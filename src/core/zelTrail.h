@@ -10,6 +10,7 @@
 //     zel::Trail t(this, "AddItemEx");
 //     t.Run([&] { t.Step = "Adding Record"; ... });
 
+#include "zelCtrlExport.h"
 #include "core/mLog.h"
 #include "core/zelError.h"
 
@@ -18,7 +19,7 @@
 
 namespace zel {
 
-class Trail
+class ZELCTRL_EXPORT Trail
 {
 public:
     explicit Trail(const QString &name) : m_name(name) {}

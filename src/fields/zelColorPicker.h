@@ -6,6 +6,7 @@
 // and raises Click, also when it is the colour already shown; a cancelled
 // dialog leaves the colour as it was and raises nothing.
 
+#include "zelCtrlExport.h"
 #include "core/zelProperties.h"
 
 #include <QVariant>
@@ -13,7 +14,7 @@
 
 class QFrame;
 
-class zelColorPicker : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelColorPicker : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.BackColor", "0x68030000")

@@ -9,6 +9,7 @@
 // explains the range in a message box and keeps the focus in the field.
 // Enter moves to the next control while SendKeysTab is on (the default).
 
+#include "zelCtrlExport.h"
 #include "core/zelFieldFrame.h"
 
 #include <QPointer>
@@ -18,7 +19,7 @@
 class QLineEdit;
 class QWindow;
 
-class zelInputBox : public zelLabelledField
+class ZELCTRL_EXPORT zelInputBox : public zelLabelledField
 {
     Q_OBJECT
     Q_PROPERTY(QVariant MaxLength READ MaxLength WRITE SetMaxLength)
