@@ -74,7 +74,7 @@ struct ZELCTRL_EXPORT zelButtonBarLayout
 // The layout of a bar: count x (buttonWidth + 120) - 120 wide, buttonHeight
 // high, each visible button placed by PlaceOneButton walking from the right.
 ZELCTRL_EXPORT zelButtonBarLayout zelLayoutButtonBar(qint32 visible, qint32 enabled, qint32 buttonWidth,
-                                      qint32 buttonHeight);
+                                                     qint32 buttonHeight);
 
 // What a Language setting says.
 enum class zelBarLanguage

@@ -20,7 +20,7 @@ namespace mLog {
 
 ZELCTRL_EXPORT void ErrorLog(const QString &sSource, const zelError &oErr, const QString &sMoreInfo, bool bRaise);
 ZELCTRL_EXPORT void AddToErrorLog(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                   const QString &sDescription, const QString &sMoreInfo, qint32 lMode);
+                                  const QString &sDescription, const QString &sMoreInfo, qint32 lMode);
 ZELCTRL_EXPORT void TraceLog(const QString &sSource, const QString &sText1, const QString &sText2);
 ZELCTRL_EXPORT void WriteLogFile(const QString &sSource, const QString &sText1, const QString &sText2);
 ZELCTRL_EXPORT void InitConditional();
@@ -32,7 +32,7 @@ ZELCTRL_EXPORT void TrackerDecr(const QString &sClassName);
 
 // The message text that AddToErrorLog shows (lines joined with CR LF).
 ZELCTRL_EXPORT QString ComposeMessage(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                       const QString &sDescription, const QString &sMoreInfo);
+                                      const QString &sDescription, const QString &sMoreInfo);
 
 // The switches as read (reading them first if need be).
 ZELCTRL_EXPORT qint32 ConDebug();

@@ -68,7 +68,7 @@ ZELCTRL_EXPORT QString zelSuffixText(const zelFrameProps &p);
 // The layout of a control innerWidth twips wide. Throws zelError 6 where the
 // 16-bit prefix space or input width overflows.
 ZELCTRL_EXPORT zelFrameLayout zelLayoutFrame(const zelFrameProps &p, qint32 innerWidth,
-                              const zelTextWidth &measure);
+                                             const zelTextWidth &measure);
 
 // The widget part: the two labels, the layout on every resize and frame
 // setter, the Enter-as-Tab rule, and the frame's persisted keys. A control

@@ -76,7 +76,7 @@ ZELCTRL_EXPORT zelDateEntryRule zelDateEntryRuleFor(const QLocale &locale = QLoc
 // separator, the separator and the digit when the digit starts the next
 // group, or "" when the key is refused. Only printable keys come here.
 ZELCTRL_EXPORT QString zelDateTypedText(const QString &text, qsizetype selStart, qsizetype selLength, QChar typed,
-                         const zelDateEntryRule &rule);
+                                        const zelDateEntryRule &rule);
 
 // The longest text that typing makes.
 inline constexpr qsizetype zelDateMaxTyped = 10;
