@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <cmath>
+
 namespace {
 
 // Every character is 100 twips wide, bold ones 120.
@@ -105,15 +107,36 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(zelError, zelLayoutFrame(p, 100000, fixedWidth));
     }
 
-    void heightStaysAt315()
+    // The widget applies the layout in twips at 96 and at 144 dots per inch.
+    void widgetFollowsTheScreen_data()
     {
+        QTest::addColumn<double>("twipsPerPixel");
+        QTest::newRow("96 dpi") << 15.0;
+        QTest::newRow("144 dpi") << 10.0;
+    }
+
+    void widgetFollowsTheScreen()
+    {
+        QFETCH(double, twipsPerPixel);
         zelTestScope scope;
+        scope.fake().twipsPerPixel = twipsPerPixel;
         zelInputBox box;
-        box.resize(200, 500 / 15);
+        box.SetPrefixWidth(1200);
+        box.SetSuffix(QStringLiteral("m"));
+        box.SetSuffixWidth(500);
+        box.resize(int(3000 / twipsPerPixel), 100);
         box.show();
-        QCOMPARE(box.height(), 315 / 15);
-        box.resize(200, 40);
-        QCOMPARE(box.height(), 315 / 15);
+        // Each edge within half a pixel of its place in twips.
+        auto at = [&](int px, int twips) {
+            return std::abs(px * twipsPerPixel - twips) <= twipsPerPixel / 2;
+        };
+        const QRect input = box.findChild<QLineEdit *>(QStringLiteral("txtInput"))->geometry();
+        const QRect suffix = box.findChild<QLabel *>(QStringLiteral("lblSuffix"))->geometry();
+        QVERIFY(at(box.height(), 315) && at(input.height(), 315));
+        QVERIFY(at(input.left(), 1260) && at(input.right() + 1, 2440));
+        QVERIFY(at(suffix.left(), 2500) && at(suffix.top(), 60) && at(suffix.right() + 1, 3000));
+        box.resize(box.width(), 40);
+        QVERIFY(at(box.height(), 315));
     }
 
     void labelsShowTheirDecoratedTexts()
@@ -140,9 +163,6 @@ private slots:
         QVERIFY(prefix->isHidden());
         QCOMPARE(input->geometry().left(), 0);
 
-        box.SetPrefixWidth(1200);
-        QVERIFY(!prefix->isHidden());
-        QCOMPARE(box.FrameLayout().InputRect.left(), 1260);
         QCOMPARE(zelCaptureLogger::errors.size(), 0);
     }
 

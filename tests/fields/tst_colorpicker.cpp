@@ -45,11 +45,6 @@ private slots:
     void dialogAnswerSetsColourAndClicks();
     void gesturesThatOpenTheDialog_data();
     void gesturesThatOpenTheDialog();
-    void persistence_data();
-    void persistence();
-    void corruptOrAbsurdColoursAreRefused_data();
-    void corruptOrAbsurdColoursAreRefused();
-    void lateBoundAndDispatchIds();
     void focusIsShown();
 };
 
@@ -162,94 +157,6 @@ void tst_ColorPicker::gesturesThatOpenTheDialog()
     QCOMPARE(scope.fake().colorDialogPresets.size(), opens ? 1 : 0);
     QCOMPARE(clicks.count(), opens ? 1 : 0);
     QCOMPARE(p->BackColor(), opens ? 0x336699u : 0x010203u);
-}
-
-void tst_ColorPicker::persistence_data()
-{
-    QTest::addColumn<QVariant>("written");
-    QTest::addColumn<quint32>("colour");
-    QTest::newRow("black is the default and not stored") << QVariant(0) << quint32(0);
-    QTest::newRow("plain colour") << QVariant(0x123456) << quint32(0x123456);
-    QTest::newRow("system colour") << QVariant(zel::SysButtonFace) << zel::SysButtonFace;
-    QTest::newRow("unknown system colour") << QVariant(0x80000063u) << quint32(0x80000063);
-    QTest::newRow("classic negative system colour")
-        << QVariant(qint32(-2147483633)) << zel::SysButtonFace;
-    QTest::newRow("QColor") << QVariant(QColor(0x11, 0x22, 0x33)) << quint32(0x332211);
-}
-
-void tst_ColorPicker::persistence()
-{
-    QFETCH(QVariant, written);
-    QFETCH(quint32, colour);
-    zelTestScope scope;
-    auto p = makePicker();
-    QVERIFY(zel::SetProperty(p.get(), QStringLiteral("BackColor"), written));
-    p->SetEnabled(false); // not persisted
-    QCOMPARE(p->BackColor(), colour);
-    zelMemoryPropertyBag memory;
-    zelJsonPropertyBag json;
-    p->WriteProperties(memory);
-    p->WriteProperties(json);
-    QCOMPARE(memory.Count(), colour ? 1 : 0);
-    QCOMPARE(memory.Value(QStringLiteral("BackColor")).toUInt(), colour);
-    for (zelPropertyBag *bag :
-         {static_cast<zelPropertyBag *>(&memory), static_cast<zelPropertyBag *>(&json)}) {
-        auto q = makePicker(0x0000FF);
-        q->ReadProperties(*bag);
-        QCOMPARE(q->BackColor(), colour);
-        QCOMPARE(q->Enabled(), true);
-        QCOMPARE(shown(*q), zel::ToQColor(colour));
-    }
-    QCOMPARE(zelLoggedErrors(), 0);
-}
-
-void tst_ColorPicker::corruptOrAbsurdColoursAreRefused_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("text") << QVariant(QStringLiteral("red"));
-    QTest::newRow("high byte neither colour nor system") << QVariant(0x01000000);
-    QTest::newRow("beyond 32 bits") << QVariant(1e12);
-    QTest::newRow("invalid QColor") << QVariant(QColor());
-}
-
-void tst_ColorPicker::corruptOrAbsurdColoursAreRefused()
-{
-    QFETCH(QVariant, value);
-    zelTestScope scope;
-    // By name.
-    auto p = makePicker(0x00AA00);
-    zel::SetProperty(p.get(), QStringLiteral("BackColor"), value);
-    QCOMPARE(p->BackColor(), 0x00AA00u);
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelColorPicker.BackColor Let")), 1);
-    // From a property bag: logged, and the picker loads on.
-    zelMemoryPropertyBag bag;
-    bag.SetValue(QStringLiteral("BackColor"), value);
-    auto q = makePicker();
-    q->ReadProperties(bag);
-    QCOMPARE(q->BackColor(), 0u);
-    QCOMPARE(zelLoggedErrors(), 2);
-}
-
-void tst_ColorPicker::lateBoundAndDispatchIds()
-{
-    zelTestScope scope;
-    std::unique_ptr<QObject> o(zel::CreateObject(QStringLiteral("zelCtrl.zelColorPicker")));
-    QVERIFY(qobject_cast<zelColorPicker *>(o.get()));
-    QVERIFY(zel::SetProperty(o.get(), QStringLiteral("BackColor"), 0x445566));
-    QCOMPARE(zel::GetProperty(o.get(), QStringLiteral("BackColor")).toUInt(), 0x445566u);
-    QVERIFY(zel::SetProperty(o.get(), QStringLiteral("Enabled"), "False"));
-    zel::SetProperty(o.get(), QStringLiteral("Enabled"), "maybe");
-    QCOMPARE(zelLoggedErrors(QStringLiteral("zelColorPicker.Enabled Let")), 1);
-    QCOMPARE(zel::GetProperty(o.get(), QStringLiteral("Enabled")).toBool(), false);
-
-    const QMetaObject &mo = zelColorPicker::staticMetaObject;
-    auto dispId = [&](const char *member) {
-        return QByteArray(mo.classInfo(mo.indexOfClassInfo(member)).value());
-    };
-    QCOMPARE(dispId("DispId.BackColor"), QByteArray("0x68030000"));
-    QCOMPARE(dispId("DispId.Enabled"), QByteArray("0x68030001"));
-    QCOMPARE(dispId("DispId.Click"), QByteArray("1"));
-    QVERIFY(mo.indexOfSignal("Click()") >= 0);
 }
 
 void tst_ColorPicker::focusIsShown()
