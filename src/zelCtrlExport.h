@@ -7,7 +7,7 @@
 #include <QtCore/qglobal.h>
 
 #if defined(ZEL_BUILDING_LIBRARY)
-#  define ZELCTRL_EXPORT Q_DECL_EXPORT
+#define ZELCTRL_EXPORT Q_DECL_EXPORT
 #else
-#  define ZELCTRL_EXPORT Q_DECL_IMPORT
+#define ZELCTRL_EXPORT Q_DECL_IMPORT
 #endif

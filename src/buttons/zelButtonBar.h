@@ -11,9 +11,9 @@
 // places them in that order, so Help stands at the right edge and the
 // option buttons at the left.
 
-#include "zelCtrlExport.h"
 #include "buttons/zelButtonEnums.h"
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QRect>
 #include <QSize>
@@ -73,8 +73,8 @@ struct ZELCTRL_EXPORT zelButtonBarLayout
 
 // The layout of a bar: count x (buttonWidth + 120) - 120 wide, buttonHeight
 // high, each visible button placed by PlaceOneButton walking from the right.
-ZELCTRL_EXPORT zelButtonBarLayout zelLayoutButtonBar(qint32 visible, qint32 enabled, qint32 buttonWidth,
-                                                     qint32 buttonHeight);
+ZELCTRL_EXPORT zelButtonBarLayout zelLayoutButtonBar(qint32 visible, qint32 enabled,
+                                                     qint32 buttonWidth, qint32 buttonHeight);
 
 // What a Language setting says.
 enum class zelBarLanguage

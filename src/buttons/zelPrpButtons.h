@@ -9,8 +9,8 @@
 // languages, and the German Remove and Properties read "Abbruch" and
 // "&Ausführen".
 
-#include "zelCtrlExport.h"
 #include "buttons/zelButtonBar.h"
+#include "zelCtrlExport.h"
 
 class ZELCTRL_EXPORT zelPrpButtons : public zelButtonBar
 {

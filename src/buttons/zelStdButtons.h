@@ -9,8 +9,8 @@
 // OKasClose shows "Close" ("Schließen") on the OK button, ApplyAsPreview
 // "&Preview" on the Apply button; their events stay OK and Apply.
 
-#include "zelCtrlExport.h"
 #include "buttons/zelButtonBar.h"
+#include "zelCtrlExport.h"
 
 class ZELCTRL_EXPORT zelStdButtons : public zelButtonBar
 {

@@ -10,19 +10,22 @@
 // first from the per-user store (a missing value reads as -99), then, for a
 // value missing there, from the machine-wide store (missing reads as 0).
 
-#include "zelCtrlExport.h"
 #include "core/zelError.h"
+#include "zelCtrlExport.h"
 
 #include <QObject>
 #include <QString>
 
 namespace mLog {
 
-ZELCTRL_EXPORT void ErrorLog(const QString &sSource, const zelError &oErr, const QString &sMoreInfo, bool bRaise);
+ZELCTRL_EXPORT void ErrorLog(const QString &sSource, const zelError &oErr, const QString &sMoreInfo,
+                             bool bRaise);
 ZELCTRL_EXPORT void AddToErrorLog(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                                  const QString &sDescription, const QString &sMoreInfo, qint32 lMode);
+                                  const QString &sDescription, const QString &sMoreInfo,
+                                  qint32 lMode);
 ZELCTRL_EXPORT void TraceLog(const QString &sSource, const QString &sText1, const QString &sText2);
-ZELCTRL_EXPORT void WriteLogFile(const QString &sSource, const QString &sText1, const QString &sText2);
+ZELCTRL_EXPORT void WriteLogFile(const QString &sSource, const QString &sText1,
+                                 const QString &sText2);
 ZELCTRL_EXPORT void InitConditional();
 // A new logger for one message, or nullptr; the caller deletes it.
 ZELCTRL_EXPORT QObject *CreateLogger();
@@ -31,8 +34,9 @@ ZELCTRL_EXPORT void TrackerIncr(const QString &sClassName);
 ZELCTRL_EXPORT void TrackerDecr(const QString &sClassName);
 
 // The message text that AddToErrorLog shows (lines joined with CR LF).
-ZELCTRL_EXPORT QString ComposeMessage(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                                      const QString &sDescription, const QString &sMoreInfo);
+ZELCTRL_EXPORT QString ComposeMessage(const QString &sSource, qint32 lNumber,
+                                      const QString &sErrSource, const QString &sDescription,
+                                      const QString &sMoreInfo);
 
 // The switches as read (reading them first if need be).
 ZELCTRL_EXPORT qint32 ConDebug();

@@ -5,8 +5,8 @@
 // Booleans from text or numbers, and a type mismatch (13) for anything that
 // does not read as the type asked for. Each throws zelError.
 
-#include "zelCtrlExport.h"
 #include "core/zelError.h"
+#include "zelCtrlExport.h"
 
 #include <QString>
 #include <QVariant>

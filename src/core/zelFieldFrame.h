@@ -6,8 +6,8 @@
 // control of fixed height. The arithmetic is a plain function in twips;
 // zelLabelledField applies it to widgets.
 
-#include "zelCtrlExport.h"
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QRect>
 #include <QString>

@@ -20,8 +20,8 @@
 // An insert or removal moves the entries of one chunk and adds one integer per
 // chunk; it never walks the members of other chunks.
 
-#include "zelCtrlExport.h"
 #include "platform/zelVariantKind.h"
+#include "zelCtrlExport.h"
 
 #include <QString>
 #include <QVariant>

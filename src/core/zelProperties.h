@@ -26,9 +26,9 @@
 //         return table;
 //     }
 
-#include "zelCtrlExport.h"
 #include "core/zelTrail.h"
 #include "platform/zelPropertyBag.h"
+#include "zelCtrlExport.h"
 
 #include <QDateTime>
 #include <QHash>

@@ -5,9 +5,9 @@
 // type is logged (with the key as the step marker) and the default is used,
 // so one hand-edited key never costs the others.
 
-#include "zelCtrlExport.h"
 #include "core/zelTrail.h"
 #include "platform/zelPropertyBag.h"
+#include "zelCtrlExport.h"
 
 #include <QObject>
 #include <QString>

@@ -10,9 +10,9 @@
 //     zel::Trail t(this, "AddItemEx");
 //     t.Run([&] { t.Step = "Adding Record"; ... });
 
-#include "zelCtrlExport.h"
 #include "core/mLog.h"
 #include "core/zelError.h"
+#include "zelCtrlExport.h"
 
 #include <QObject>
 #include <QString>

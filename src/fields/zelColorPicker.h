@@ -6,8 +6,8 @@
 // and raises Click, also when it is the colour already shown; a cancelled
 // dialog leaves the colour as it was and raises nothing.
 
-#include "zelCtrlExport.h"
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QVariant>
 #include <QWidget>

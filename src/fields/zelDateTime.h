@@ -33,8 +33,8 @@
 // Enter moves to the next control while SendKeysTab is on (the default).
 // Alt+Down and F4 in the text box open the drop-down calendar.
 
-#include "zelCtrlExport.h"
 #include "core/zelFieldFrame.h"
+#include "zelCtrlExport.h"
 
 #include <QChar>
 #include <QDateTime>
@@ -60,7 +60,8 @@ struct ZELCTRL_EXPORT zelDateInputLayout
 // The input area shared by the text box and the picker: in date mode the
 // text box covers all but the picker's drop-down button (buttonTwips wide);
 // in time mode the picker takes the whole area and the text box is hidden.
-ZELCTRL_EXPORT zelDateInputLayout zelLayoutDateInput(const QRect &input, bool timeInput, qint32 buttonTwips);
+ZELCTRL_EXPORT zelDateInputLayout zelLayoutDateInput(const QRect &input, bool timeInput,
+                                                     qint32 buttonTwips);
 
 // How dates are typed in a locale: the separator written for a typed one,
 // and which of the three digit groups is the year.
@@ -75,7 +76,8 @@ ZELCTRL_EXPORT zelDateEntryRule zelDateEntryRuleFor(const QLocale &locale = QLoc
 // selection: the character itself, the entry separator in place of a typed
 // separator, the separator and the digit when the digit starts the next
 // group, or "" when the key is refused. Only printable keys come here.
-ZELCTRL_EXPORT QString zelDateTypedText(const QString &text, qsizetype selStart, qsizetype selLength, QChar typed,
+ZELCTRL_EXPORT QString zelDateTypedText(const QString &text, qsizetype selStart,
+                                        qsizetype selLength, QChar typed,
                                         const zelDateEntryRule &rule);
 
 // The longest text that typing makes.

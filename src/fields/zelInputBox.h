@@ -9,8 +9,8 @@
 // explains the range in a message box and keeps the focus in the field.
 // Enter moves to the next control while SendKeysTab is on (the default).
 
-#include "zelCtrlExport.h"
 #include "core/zelFieldFrame.h"
+#include "zelCtrlExport.h"
 
 #include <QPointer>
 #include <QString>

@@ -24,9 +24,10 @@ ZELCTRL_EXPORT bool SetProperty(QObject *object, const QString &name, const QVar
 // holds (a method with defaults is found with fewer). Answers the method's
 // result, and writes back the by-reference arguments into args. ok (when
 // given) says whether a method was found and called.
-ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok = nullptr);
-ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method, const QVariantList &args = {},
+ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method, QVariantList &args,
                                    bool *ok = nullptr);
+ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method,
+                                   const QVariantList &args = {}, bool *ok = nullptr);
 
 // The type of a method's or signal's parameter. A non-const reference (a
 // by-reference argument such as KeyAscii) carries no meta type of its own;
