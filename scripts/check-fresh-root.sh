@@ -21,6 +21,7 @@ unmount_all() {
     done
 }
 trap unmount_all EXIT
+trap 'exit 130' INT TERM
 
 # The Debian mirror the host's apt uses, so the root installs the same way.
 mirror() {

@@ -9,6 +9,7 @@
 #include "platform/zelPropertyBag.h"
 
 #include "core/mLog.h"
+#include "core/mMain.h"
 #include "core/zelConvert.h"
 #include "core/zelError.h"
 #include "core/zelFieldFrame.h"

@@ -53,11 +53,3 @@ ZELCTRL_EXPORT void SetConDebug(qint32 value);
 ZELCTRL_EXPORT void Reset();
 
 } // namespace mLog
-
-namespace mMain {
-
-// Height in pixels of a drop-down list showing lRows rows, with room for
-// up to two extra bands.
-ZELCTRL_EXPORT qint32 MinHeightList(qint32 lRows, bool bFirstBand, bool bSecondBand);
-
-} // namespace mMain

@@ -7,7 +7,7 @@
 
 ZEL_REGISTER_PROGID(zelGridColumn);
 
-zelGridColumn::zelGridColumn(QObject *parent) : QObject(parent)
+zelGridColumn::zelGridColumn(QObject *parent) : SharedObject(parent)
 {
     zel::RegisterShared<zelGridColumn>();
 }

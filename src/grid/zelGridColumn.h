@@ -5,6 +5,7 @@
 // description: changing it does not change a grid by itself; the grid list
 // applies its columns when it rebuilds them (RefreshColumns).
 
+#include "core/zelShared.h"
 #include "grid/zelGridEnums.h"
 
 #include <QObject>
@@ -13,7 +14,7 @@
 
 #include <memory>
 
-class zelGridColumn : public QObject, public std::enable_shared_from_this<zelGridColumn>
+class zelGridColumn : public zel::SharedObject<zelGridColumn>
 {
     Q_OBJECT
     Q_PROPERTY(QVariant Width READ Width WRITE SetWidth)

@@ -1,12 +1,11 @@
 #include "grid/zelGridColumns.h"
 
 #include "core/zelShared.h"
-#include "grid/zelGridShared_p.h"
 #include "platform/zelObjectFactory.h"
 
 ZEL_REGISTER_PROGID(zelGridColumns);
 
-zelGridColumns::zelGridColumns(QObject *parent) : QObject(parent)
+zelGridColumns::zelGridColumns(QObject *parent) : SharedObject(parent)
 {
     zel::RegisterShared<zelGridColumns>();
     zel::RegisterShared<zelGridColumn>();

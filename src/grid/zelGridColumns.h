@@ -4,6 +4,7 @@
 // (letter case ignored). Grid column i shows item i + 1.
 
 #include "core/zelKeyedCollection.h"
+#include "core/zelShared.h"
 #include "grid/zelGridColumn.h"
 #include "grid/zelGridEnumerator.h"
 
@@ -12,7 +13,7 @@
 
 #include <memory>
 
-class zelGridColumns : public QObject, public std::enable_shared_from_this<zelGridColumns>
+class zelGridColumns : public zel::SharedObject<zelGridColumns>
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Count READ Count)

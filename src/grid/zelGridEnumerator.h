@@ -4,13 +4,15 @@
 // members in order, one Next() at a time, and keeps walking the members it
 // was taken from even when the collection is cleared meanwhile.
 
+#include "core/zelShared.h"
+
 #include <QObject>
 #include <QVariant>
 
 #include <functional>
 #include <memory>
 
-class zelGridEnumerator : public QObject
+class zelGridEnumerator : public zel::SharedObject<zelGridEnumerator>
 {
     Q_OBJECT
 

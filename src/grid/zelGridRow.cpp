@@ -7,7 +7,7 @@
 
 ZEL_REGISTER_PROGID(zelGridRow);
 
-zelGridRow::zelGridRow(QObject *parent) : QObject(parent)
+zelGridRow::zelGridRow(QObject *parent) : SharedObject(parent)
 {
     zel::RegisterShared<zelGridRow>();
 }

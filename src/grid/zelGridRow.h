@@ -4,6 +4,8 @@
 // the key, the host's tag, the selection and check marks and the row's
 // colour. The grid list's model reads its cells straight from here.
 
+#include "core/zelShared.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringView>
@@ -12,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-class zelGridRow : public QObject, public std::enable_shared_from_this<zelGridRow>
+class zelGridRow : public zel::SharedObject<zelGridRow>
 {
     Q_OBJECT
     Q_PROPERTY(QString Data READ Data WRITE SetData)

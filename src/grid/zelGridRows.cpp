@@ -2,12 +2,11 @@
 
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
-#include "grid/zelGridShared_p.h"
 #include "platform/zelObjectFactory.h"
 
 ZEL_REGISTER_PROGID(zelGridRows);
 
-zelGridRows::zelGridRows(QObject *parent) : QObject(parent)
+zelGridRows::zelGridRows(QObject *parent) : SharedObject(parent)
 {
     zel::RegisterShared<zelGridRows>();
     zel::RegisterShared<zelGridRow>();

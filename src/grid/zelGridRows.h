@@ -5,6 +5,7 @@
 // describes grid row n (grid row 0 being the header).
 
 #include "core/zelKeyedCollection.h"
+#include "core/zelShared.h"
 #include "grid/zelGridEnumerator.h"
 #include "grid/zelGridRow.h"
 
@@ -13,7 +14,7 @@
 
 #include <memory>
 
-class zelGridRows : public QObject, public std::enable_shared_from_this<zelGridRows>
+class zelGridRows : public zel::SharedObject<zelGridRows>
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Count READ Count)
