@@ -14,7 +14,6 @@
 #include "core/zelError.h"
 #include "core/zelFieldFrame.h"
 #include "core/zelKeyedCollection.h"
-#include "core/zelPropertyReader.h"
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
 

@@ -28,6 +28,10 @@ QString zelError::StandardDescription(qint32 number)
         return QStringLiteral("Invalid property value");
     case ObjectRequired:
         return QStringLiteral("Object required");
+    case NotSupported:
+        return QStringLiteral("Object doesn't support this property or method");
+    case WrongArgumentCount:
+        return QStringLiteral("Wrong number of arguments or invalid property assignment");
     case DialogCancelled:
         return QStringLiteral("Cancel was selected.");
     default:

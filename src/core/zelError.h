@@ -31,6 +31,8 @@ public:
     static constexpr qint32 TypeMismatch = 13;
     static constexpr qint32 InvalidPropertyValue = 380;
     static constexpr qint32 ObjectRequired = 424;
+    static constexpr qint32 NotSupported = 438; // no such property or method
+    static constexpr qint32 WrongArgumentCount = 450;
     static constexpr qint32 DialogCancelled = 32755; // the common dialog's cancel
 
 private:

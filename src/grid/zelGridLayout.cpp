@@ -5,14 +5,19 @@
 
 namespace {
 
-qint32 atLeast0(qint64 v)
+// QRect keeps its right and bottom edges as x + w - 1 in an int; an absurd
+// margin must give an absurd but representable rectangle, not an overflow.
+constexpr qint64 zelLayoutLimit = std::numeric_limits<qint32>::max() / 2;
+
+qint32 bounded(qint64 v, qint64 low)
 {
-    return qint32(std::clamp<qint64>(v, 0, std::numeric_limits<qint32>::max()));
+    return qint32(std::clamp<qint64>(v, low, zelLayoutLimit));
 }
 
 QRect rect(qint64 x, qint64 y, qint64 w, qint64 h)
 {
-    return QRect(qint32(x), qint32(y), atLeast0(w), atLeast0(h));
+    return QRect(bounded(x, -zelLayoutLimit), bounded(y, -zelLayoutLimit), bounded(w, 0),
+                 bounded(h, 0));
 }
 
 } // namespace

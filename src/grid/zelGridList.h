@@ -14,11 +14,12 @@
 // Grid columns are numbered from 0; column i shows Columns item i + 1.
 
 #include "buttons/zelButtonEnums.h"
+#include "core/zelProperties.h"
 #include "grid/zelGridColumns.h"
 #include "grid/zelGridEnums.h"
 #include "grid/zelGridLayout.h"
 #include "grid/zelGridRows.h"
-#include "platform/zelPropertyBag.h"
+#include "grid/zelGridSizing.h"
 
 #include <QString>
 #include <QVariant>
@@ -27,15 +28,10 @@
 #include <memory>
 #include <vector>
 
-class QLabel;
-class QPushButton;
 class QTableView;
-class zelPrpButtons;
-class zelGridModel;
-class zelGridView;
-class zelGridDelegate;
+struct zelGridListPrivate;
 
-class zelGridList : public QWidget, public zelPersistable
+class zelGridList : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Language READ Language WRITE SetLanguage)
@@ -65,63 +61,80 @@ public:
     // "English" (the default), "German" or "Deutsch": the buttons' captions.
     // "" is taken as "English"; a value that differs only in letter case
     // from the current one is ignored. Not persisted.
-    QString Language() const { return m_language; }
+    QString Language() const;
     void SetLanguage(const QString &v);
+    ZEL_LATE_BOUND(Language)
     // Shown above the grid; empty by default.
-    QString Caption() const { return m_caption; }
+    QString Caption() const;
     void SetCaption(const QString &v);
+    ZEL_LATE_BOUND(Caption)
     // Whether the first non-boolean column fills the width that the other
     // columns leave. By default true; a single column is never sized.
-    bool AutoSizeColZero() const { return m_autoSizeColZero; }
-    void SetAutoSizeColZero(const QVariant &v);
+    bool AutoSizeColZero() const;
+    void SetAutoSizeColZero(bool v);
+    ZEL_LATE_BOUND(AutoSizeColZero)
     // A check box in every data row, as a first column of its own. False by
     // default.
-    bool CheckBoxes() const { return m_checkBoxes; }
-    void SetCheckBoxes(const QVariant &v);
-    bool Enabled() const { return m_enabled; }
-    void SetEnabled(const QVariant &v);
+    bool CheckBoxes() const;
+    void SetCheckBoxes(bool v);
+    ZEL_LATE_BOUND(CheckBoxes)
+    bool Enabled() const;
+    void SetEnabled(bool v);
+    ZEL_LATE_BOUND(Enabled)
     // The grid column that a selected row highlights; any value outside the
     // columns (the default -2) highlights the whole row.
-    qint32 SelectionCol() const { return m_selectionCol; }
-    void SetSelectionCol(const QVariant &v);
+    qint32 SelectionCol() const;
+    void SetSelectionCol(qint32 v);
+    ZEL_LATE_BOUND(SelectionCol)
     // Kept and persisted for hosts; false by default.
-    bool AllowRepeatClicks() const { return m_allowRepeatClicks; }
-    void SetAllowRepeatClicks(const QVariant &v);
+    bool AllowRepeatClicks() const;
+    void SetAllowRepeatClicks(bool v);
+    ZEL_LATE_BOUND(AllowRepeatClicks)
     // Buttons in a column to the right of the grid (true) or in a bar below
     // it (false, the default).
-    bool ButtonsOnSide() const { return m_buttonsOnSide; }
-    void SetButtonsOnSide(const QVariant &v);
+    bool ButtonsOnSide() const;
+    void SetButtonsOnSide(bool v);
+    ZEL_LATE_BOUND(ButtonsOnSide)
     // ZEL_PrpButtons bit sets; by default 15 (Add, Remove, Properties, Help).
     qint32 ButtonsVisible() const;
-    void SetButtonsVisible(const QVariant &v);
+    void SetButtonsVisible(qint32 v);
+    ZEL_LATE_BOUND(ButtonsVisible)
     qint32 ButtonsEnabled() const;
-    void SetButtonsEnabled(const QVariant &v);
+    void SetButtonsEnabled(qint32 v);
+    ZEL_LATE_BOUND(ButtonsEnabled)
     Q_INVOKABLE QString OptionButtonCaption(qint32 Index) const;
     Q_INVOKABLE void SetOptionButtonCaption(qint32 Index, const QString &sCaption);
-    // By default ZEL_Highlight_WithFocus.
-    ZEL_Controls_HighlightSelections HighlightSelection() const { return m_highlight; }
-    void SetHighlightSelection(const QVariant &v);
-    std::shared_ptr<zelGridColumns> Columns() const { return m_columns; }
-    std::shared_ptr<zelGridRows> Items() const { return m_items; }
+    // A ZEL_Controls_HighlightSelections; by default ZEL_Highlight_WithFocus.
+    // Another value is refused.
+    qint32 HighlightSelection() const;
+    void SetHighlightSelection(qint32 v);
+    ZEL_LATE_BOUND(HighlightSelection)
+    std::shared_ptr<zelGridColumns> Columns() const;
+    std::shared_ptr<zelGridRows> Items() const;
     // A new collection of the rows selected now.
     std::shared_ptr<zelGridRows> SelectedItems();
     // The row object of grid row lRow; nothing for another row.
     Q_INVOKABLE std::shared_ptr<zelGridRow> RowData(qint32 lRow) const;
-    // 0 no border, 1 (the default) a single line.
-    qint16 BorderStyle() const { return m_borderStyle; }
-    void SetBorderStyle(const QVariant &v);
+    // 0 no border, 1 (the default) a single line; another value is refused.
+    qint16 BorderStyle() const;
+    void SetBorderStyle(qint16 v);
+    ZEL_LATE_BOUND(BorderStyle)
     // Twips above the grid (240) and around it (120).
-    qint32 TopMargin() const { return m_topMargin; }
-    void SetTopMargin(const QVariant &v);
-    qint32 Margin() const { return m_margin; }
-    void SetMargin(const QVariant &v);
+    qint32 TopMargin() const;
+    void SetTopMargin(qint32 v);
+    ZEL_LATE_BOUND(TopMargin)
+    qint32 Margin() const;
+    void SetMargin(qint32 v);
+    ZEL_LATE_BOUND(Margin)
     // Several rows may be selected, as in a list box. False by default;
     // not persisted.
-    bool MultiSelect() const { return m_multiSelect; }
-    void SetMultiSelect(const QVariant &v);
+    bool MultiSelect() const;
+    void SetMultiSelect(bool v);
+    ZEL_LATE_BOUND(MultiSelect)
     // Start editing the current cell when the grid gets the focus.
-    bool EditOnFocus() const { return m_editOnFocus; }
-    void SetEditOnFocus(const QVariant &v);
+    bool EditOnFocus() const;
+    void SetEditOnFocus(bool v);
+    ZEL_LATE_BOUND(EditOnFocus)
 
     Q_INVOKABLE void ChangeEnabledButtons(ZEL_PrpButtons eButton, bool bEnabled);
     Q_INVOKABLE void ChangeVisibleButtons(ZEL_PrpButtons eButton, bool bVisible);
@@ -163,9 +176,8 @@ public:
     Q_INVOKABLE void RefreshColumns();
     Q_INVOKABLE void FocusOnButton(ZEL_PrpButtons eButton);
 
-    Q_INVOKABLE void InitProperties() override;
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
+    Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    const zel::zelPropertyTable &Properties() const override;
 
     // The grid's current row (0 when there is none) and column.
     qint32 CurrentRow() const;
@@ -177,7 +189,7 @@ public:
     qint32 ColumnWidth(int column) const;
     // The layout last applied, and laying the control out again (its resize
     // handler).
-    const zelGridListLayout &GridLayout() const { return m_layout; }
+    const zelGridListLayout &GridLayout() const;
     void LayoutControl();
     QTableView *Grid() const;
 
@@ -207,46 +219,40 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
+    const QObject *PropertyOwner() const override { return this; }
+    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
+
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    friend class zelGridModel;
-    friend class zelGridView;
-    friend class zelGridDelegate;
-
     void InitGrid();
     void ApplyColumnWidths();
     // Twips, shown as `pixels` when given, else as the twips come to.
     void SetColumnWidth(int column, qint32 twips, int pixels = -1);
     int GridClientPixels() const;
+    // What SizeColZero reads now.
+    zelColZeroInput SizingInput() const;
     void SetColorCells(qint32 lRow);
     void SetBackColor(qint32 lRow);
     qint32 FindRow(const QString &sKey) const;
-    // Row lRow was inserted (delta 1) or removed (delta -1): the current row
-    // and the selected rows below it move with their rows.
-    void ShiftSelection(qint32 lRow, int delta);
-    void SelectRow(qint32 lRow);
     void EnableControls();
     void SetVisibleButtons();
     void ApplyLanguage();
     void ApplySelectionMode();
-    void MarkChanged(const QString &name) { emit PropertyChanged(name); }
-    // Whether SizeColZero could size differently than it did last time.
-    bool SizingChanged() const;
 
     void cmdAdd_Click();
     void cmdEdit_Click();
     void cmdDelete_Click();
     void cmdUp_Click();
     void cmdDown_Click();
+    void MoveRow(qint32 r, qint32 to);
     void mpbProps_Add();
     void mpbProps_Remove();
     void mpbProps_Properties();
     void mpbProps_OptionButton(qint32 Index);
     void vfgItems_RowColChange();
-    void vfgItems_AfterSelChange();
-    void vfgItems_SelChanging(const QList<int> &selected, const QList<int> &deselected);
     bool vfgItems_BeforeEdit(qint32 lRow, qint32 lColumn);
     void vfgItems_AfterEdit(qint32 lRow, qint32 lColumn, const QString &sText);
     void vfgItems_EditCancelled();
@@ -255,58 +261,19 @@ private:
     void vfgItems_DblClick();
     void UserControl_EnterFocus();
 
-    // Selection events of one user action are raised once, when it is done.
-    void NoteSelectionChange();
-    void FlushSelectionEvents();
-
-    std::shared_ptr<zelGridColumns> m_columns;
-    std::shared_ptr<zelGridRows> m_items;
-    std::shared_ptr<zelGridRows> m_selectedItems;
-
-    QLabel *m_lblCaption = nullptr;
-    zelGridView *m_vfgItems = nullptr;
-    zelGridModel *m_model = nullptr;
-    zelGridDelegate *m_delegate = nullptr;
-    QPushButton *m_cmdAdd = nullptr;
-    QPushButton *m_cmdEdit = nullptr;
-    QPushButton *m_cmdDelete = nullptr;
-    QPushButton *m_cmdUp = nullptr;
-    QPushButton *m_cmdDown = nullptr;
-    zelPrpButtons *m_mpbProps = nullptr;
-
-    QString m_language = QStringLiteral("English");
-    QString m_caption;
-    bool m_autoSizeColZero = true;
-    bool m_checkBoxes = false;
-    bool m_enabled = true;
-    qint32 m_selectionCol = -2;
-    bool m_allowRepeatClicks = false;
-    bool m_buttonsOnSide = false;
-    ZEL_Controls_HighlightSelections m_highlight = ZEL_Highlight_WithFocus;
-    qint16 m_borderStyle = 1;
-    qint32 m_topMargin = 240;
-    qint32 m_margin = 120;
-    bool m_multiSelect = false;
-    bool m_editOnFocus = false;
-
-    bool m_busy = false;
-    bool m_destroying = false;
-    bool m_editing = false;
-    bool m_committing = false;
-    bool m_applyingWidths = false;
-    bool m_laying = false;
-    bool m_selectionPending = false;
-    bool m_selectionQueued = false;
-    std::vector<qint32> m_colWidths; // twips, per grid column
-    // What the last SizeColZero read: a user's column resize bumps the stamp.
-    struct SizeMemo
+    // What a property change refreshes (Refresh), in the order carried out.
+    enum RefreshParts : quint32
     {
-        quint64 stamp = ~quint64(0);
-        qint32 count = -1;
-        int sizeCol = -1;
-        qint32 objectWidth = 0;
+        RefreshCaption = 0x01,
+        RefreshBorder = 0x02,
+        RefreshEnabled = 0x04,
+        RefreshLanguage = 0x08,
+        RefreshButtons = 0x10,
+        RefreshSelectionMode = 0x20,
+        RefreshLayout = 0x40, // and the sizing
+        RefreshSizing = 0x80,
+        RefreshCells = 0x100,
     };
-    SizeMemo m_sized;
-    quint64 m_sizeStamp = 0;
-    zelGridListLayout m_layout;
+
+    std::unique_ptr<zelGridListPrivate> d;
 };

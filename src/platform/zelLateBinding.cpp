@@ -1,5 +1,7 @@
 #include "platform/zelLateBinding.h"
 
+#include "core/zelTrail.h"
+
 #include <QMetaMethod>
 #include <QMetaObject>
 #include <QMetaProperty>
@@ -32,6 +34,23 @@ bool convertTo(QVariant &v, QMetaType type)
     return v.convert(type);
 }
 
+// A late-bound caller that names nothing the object has, or hands a value
+// that does not fit, hears of it through the error trail under the member's
+// trail name, as a script would; the object stays as it was. The log reaches
+// its logger late bound too, so a failure on that way is not reported again.
+bool reportFailure(const QObject *object, const QString &member, qint32 number)
+{
+    static thread_local bool reporting = false;
+    if (!reporting) {
+        reporting = true;
+        zel::Trail t(QString::fromLatin1(object->metaObject()->className()) + QLatin1Char('.') +
+                     member);
+        t.Run([number] { throw zelError(number); });
+        reporting = false;
+    }
+    return false;
+}
+
 } // namespace
 
 QMetaType ParameterType(const QMetaMethod &m, int p)
@@ -61,11 +80,15 @@ bool SetProperty(QObject *object, const QString &name, const QVariant &value)
         return false;
     const int idx = findProperty(object->metaObject(), name);
     if (idx < 0)
-        return false;
+        return reportFailure(object, name + QStringLiteral(" Let"), zelError::NotSupported);
     const QMetaProperty prop = object->metaObject()->property(idx);
     if (!prop.isWritable())
-        return false;
-    return prop.write(object, value);
+        return false; // a host may try whether an object property can be replaced
+    const QString let = QString::fromLatin1(prop.name()) + QStringLiteral(" Let");
+    // Qt's own conversion decides what a typed property takes, and refuses
+    // before the setter runs; the library's QVariant properties convert and
+    // refuse in their setters.
+    return prop.write(object, value) || reportFailure(object, let, zelError::TypeMismatch);
 }
 
 QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok)
@@ -75,13 +98,19 @@ QVariant CallByName(QObject *object, const QString &method, QVariantList &args, 
     if (!object)
         return {};
     const QMetaObject *mo = object->metaObject();
+    qint32 failure = zelError::NotSupported;
     for (int i = mo->methodCount() - 1; i >= 0; --i) {
         const QMetaMethod m = mo->method(i);
         if (m.methodType() != QMetaMethod::Method && m.methodType() != QMetaMethod::Slot)
             continue;
-        if (m.parameterCount() != args.size() ||
-            QString::fromLatin1(m.name()).compare(method, Qt::CaseInsensitive) != 0)
+        if (QString::fromLatin1(m.name()).compare(method, Qt::CaseInsensitive) != 0)
             continue;
+        if (m.parameterCount() != args.size()) {
+            if (failure == zelError::NotSupported)
+                failure = zelError::WrongArgumentCount;
+            continue;
+        }
+        failure = zelError::TypeMismatch;
 
         QVariantList converted = args;
         bool convertible = true;
@@ -112,6 +141,7 @@ QVariant CallByName(QObject *object, const QString &method, QVariantList &args, 
             *ok = true;
         return result;
     }
+    reportFailure(object, method, failure);
     return {};
 }
 

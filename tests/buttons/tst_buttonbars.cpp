@@ -92,20 +92,6 @@ QStringList *recordEvents(zelButtonBar *bar)
     return events;
 }
 
-// A picture file in dir, or a file that only claims to be one.
-QString pictureFile(const QTemporaryDir &dir, bool valid = true)
-{
-    const QString file = dir.filePath(valid ? "star.png" : "broken.png");
-    QImage img(16, 16, QImage::Format_ARGB32);
-    img.fill(Qt::red);
-    QFile f(file);
-    const bool written =
-        valid ? img.save(file) : f.open(QIODevice::WriteOnly) && f.write("not a png") > 0;
-    if (!written)
-        qFatal("cannot write %s", qPrintable(file));
-    return file;
-}
-
 } // namespace
 
 class tst_ButtonBars : public QObject
@@ -136,6 +122,14 @@ private slots:
             {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd"}, QRect(3600, 0, 1080, 315));
         row("Prp option 3 and Help", "Prp", "English", ZEL_PrpButton_Option3 | ZEL_PrpButton_Help,
             2280, {"cmdHelp", "cmdOption3"}, QRect(1200, 0, 1080, 315));
+        row("Std gaps in the set", "Std", "", 1 | 4 | 32, 3480,
+            {"cmdHelp", "cmdCancel", "cmdOption1"}, QRect(2400, 0, 1080, 315));
+        row("Prp -1 shows all eight", "Prp", "", -1, 9480,
+            {"cmdHelp", "cmdProperties", "cmdRemove", "cmdAdd", "cmdOption0", "cmdOption1",
+             "cmdOption2", "cmdOption3"},
+            QRect(8400, 0, 1080, 315));
+        row("Prp bits above 128 ignored", "Prp", "", 256 | 512 | 8, 1080, {"cmdAdd"},
+            QRect(0, 0, 1080, 315));
     }
 
     void barSizesItselfAndPlacesButtons()
@@ -191,6 +185,7 @@ private slots:
             row("empty after german", {"german", ""}) << "English" << en << 1080 << 4680 << none;
             row("Deutsch after french", {"french", "Deutsch"})
                 << "Deutsch" << de << 1200 << 5160 << none;
+            row("german with a blank", {"german "}) << "german " << en << 1080 << 4680 << none;
             // The same language again leaves a width the host set since.
             row("german again keeps width", {"german", "ButtonWidth=1500", "GERMAN"})
                 << "german" << de << 1500 << 6360 << QStringList{"ButtonWidth"};
@@ -465,9 +460,13 @@ private slots:
         QVERIFY(!load(4, pm));
         QVERIFY(!load(2, 42));
         QVERIFY(!load(2, QStringLiteral("/nonexistent/x.png")));
-        bar.SetOptionButtonPicture(3, pictureFile(dir));
+        const QString star = dir.filePath("star.png"), broken = dir.filePath("broken.png");
+        QVERIFY(QImage(16, 16, QImage::Format_ARGB32).save(star));
+        QFile(star).copy(broken);
+        QFile(broken).resize(20);
+        bar.SetOptionButtonPicture(3, star);
         // A broken file leaves the picture there; no file name takes it off.
-        bar.SetOptionButtonPicture(3, pictureFile(dir, false));
+        bar.SetOptionButtonPicture(3, broken);
         bar.SetOptionButtonPicture(1, QString());
         QList<bool> pictures;
         for (int i = 0; i < 4; ++i)

@@ -1,5 +1,8 @@
 #include "zelFakePlatform.h"
 
+#include <QApplication>
+#include <QTest>
+
 #include <stdexcept>
 
 QList<QVariantList> zelCaptureLogger::errors;
@@ -55,4 +58,11 @@ int zelLoggedErrors(const QString &source)
         if (source.isEmpty() || e.value(2).toString() == source)
             ++n;
     return n;
+}
+
+bool zelShowActive(QWidget &form)
+{
+    form.show();
+    QApplication::setActiveWindow(&form);
+    return QTest::qWaitForWindowActive(&form);
 }

@@ -110,3 +110,6 @@ private:
 
 // Error messages that reached the logger with this trail source.
 int zelLoggedErrors(const QString &source = QString());
+
+// Shows a form and makes it the active window, as a user's form is.
+bool zelShowActive(QWidget &form);

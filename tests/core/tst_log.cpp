@@ -91,29 +91,6 @@ private slots:
         QTEST(text.split(QStringLiteral("\r\n")), "lines");
     }
 
-    void everyMessageIsLoggedAndShownOnlyInDebugMode()
-    {
-        {
-            zelTestScope scope;
-            mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"),
-                           zelError(6, QStringLiteral("src")), QStringLiteral("step"), false);
-            QCOMPARE(scope.fake().messages.size(), 0);
-            QCOMPARE(zelCaptureLogger::errors.size(), 1);
-            QCOMPARE(zelCaptureLogger::errors[0],
-                     (QVariantList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6,
-                                   "src", "Overflow", "step"}));
-        }
-
-        zelTestScope scope;
-        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
-        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(13), QString(), false);
-        QCOMPARE(scope.fake().messages.size(), 1);
-        QCOMPARE(scope.fake().messages[0].title,
-                 QStringLiteral("Debug Mode Error Handler (zelCtrl)"));
-        QVERIFY(scope.fake().messages[0].text.startsWith(QStringLiteral("Error:  13\r\n")));
-        QCOMPARE(zelCaptureLogger::errors.size(), 1);
-    }
-
     void raiseRules_data()
     {
         QTest::addColumn<int>("conDebug");
@@ -158,18 +135,26 @@ private slots:
             QCOMPARE(e.Description(), QStringLiteral("desc"));
         }
         QCOMPARE(didRaise, raised);
+        // Only in debug mode is the message shown to a developer.
         QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
+        for (const auto &m : std::as_const(scope.fake().messages))
+            QCOMPARE(m.title + m.text.left(9), "Debug Mode Error Handler (zelCtrl)Error:  9");
+        QCOMPARE(zelCaptureLogger::errors.size(), 1);
     }
 
     void loggerIsCreatedForEveryMessageAndTrace()
     {
         zelTestScope scope;
-        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(6, QStringLiteral("src")),
+                       QStringLiteral("step"), false);
         mLog::ErrorLog(QStringLiteral("a.c"), zelError(5), QString(), false);
         mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
                        QStringLiteral("1"));
         QCOMPARE(zelCaptureLogger::created, 3);
         QCOMPARE(zelCaptureLogger::errors.size(), 2);
+        QCOMPARE(zelCaptureLogger::errors[0],
+                 (QVariantList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6, "src",
+                               "Overflow", "step"}));
         QCOMPARE(zelCaptureLogger::traces,
                  (QList<QVariantList>{{"zelCtrl", mLog::VersionString(), "zelGridList.SizeColZero",
                                        "lSizeCol = ", "1"}}));
@@ -184,13 +169,21 @@ private slots:
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
         QCOMPARE(zelCaptureLogger::errors.size(), 0);
+        // A logger without the logger's methods: its refusal is shown once,
+        // not logged round and round.
+        scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
+                                            QStringLiteral("zelCtrl.zelGridColumn"));
+        mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+        QCOMPARE(scope.fake().messages.size(), 3);
+        QVERIFY(
+            scope.fake().messages[1].text.contains(QStringLiteral("zelGridColumn.ErrorMessage")));
 
         scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"),
                                             QString::fromLatin1(zelTestScope::LoggerProgId));
         zelCaptureLogger::failing = true;
         mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
         mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
-        QCOMPARE(scope.fake().messages.size(), 2);
+        QCOMPARE(scope.fake().messages.size(), 4);
     }
 
     void trackerCountsAndTracesFirstCall()

@@ -90,6 +90,7 @@ private slots:
 
     void lateBoundCalls()
     {
+        zelTestScope scope;
         Target t;
         bool ok = false;
         QCOMPARE(zel::CallByName(&t, QStringLiteral("add"), {2, 3}, &ok).toInt(), 5);
@@ -102,14 +103,25 @@ private slots:
         QCOMPARE(args[0].toInt(), 42); // by reference
         QCOMPARE(zel::CallByName(&t, QStringLiteral("Echo"), {QStringLiteral("x")}).toString(),
                  QStringLiteral("x"));
+        QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
+        QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
+        QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
+        QCOMPARE(zelCaptureLogger::errors.size(), 0);
+        // What a script gets wrong is logged under the member it named, and
+        // changes nothing.
         zel::CallByName(&t, QStringLiteral("NoSuchMethod"), {}, &ok);
         QVERIFY(!ok);
         zel::CallByName(&t, QStringLiteral("Add"), {QStringLiteral("not a number"), 1}, &ok);
         QVERIFY(!ok);
-        QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
-        QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
+        zel::CallByName(&t, QStringLiteral("Add"), {1, 2, 3});
         QVERIFY(!zel::SetProperty(&t, QStringLiteral("Missing"), 1));
-        QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
+        QVERIFY(!zel::SetProperty(&t, QStringLiteral("Count"), QVariantMap{{"a", 1}}));
+        QCOMPARE(t.Count(), 7);
+        QStringList logged;
+        for (const QVariantList &e : std::as_const(zelCaptureLogger::errors))
+            logged << e.value(2).toString() + ' ' + e.value(3).toString();
+        QCOMPARE(logged, (QStringList{"Target.NoSuchMethod 438", "Target.Add 13", "Target.Add 450",
+                                      "Target.Missing Let 438", "Target.Count Let 13"}));
     }
 
     void settingsFilesAreReadWithFallback()
@@ -227,15 +239,6 @@ private slots:
         zel::Platform real;
         real.MessageBox(QStringLiteral("text"), QStringLiteral("title"), form);
         QVERIFY(!QApplication::activeModalWidget());
-    }
-
-    void userModeIsAmbient()
-    {
-        QWidget form;
-        auto *child = new QWidget(&form);
-        QVERIFY(zel::UserMode(child));
-        zel::SetUserMode(&form, false);
-        QVERIFY(!zel::UserMode(child));
     }
 };
 

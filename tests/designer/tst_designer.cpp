@@ -133,41 +133,14 @@ private slots:
     }
 
 #ifdef ZEL_HAVE_FORM_EDITOR
-    void controlOnADesignerFormIsInDesignMode_data()
-    {
-        addEntryRows();
-    }
-
-    void controlOnADesignerFormIsInDesignMode()
-    {
-        QFETCH(QString, name);
-        zelTestScope scope;
-
-        // Loaded with a form...
-        const auto form = newForm(name);
-        auto *loaded = form->mainContainer()->findChild<QWidget *>(QStringLiteral("control"));
-        QVERIFY(loaded);
-        QCOMPARE(QString::fromLatin1(loaded->metaObject()->className()), name);
-        QVERIFY(!zel::UserMode(loaded));
-
-        // ...and the mark is not offered for editing, where it could be saved
-        // with the form and carried into the running application.
-        auto *sheet =
-            qt_extension<QDesignerPropertySheetExtension *>(m_core->extensionManager(), loaded);
-        QVERIFY(sheet);
-        const int mark = sheet->indexOf(kUserModeMark);
-        QVERIFY(mark >= 0);
-        QVERIFY(!sheet->isVisible(mark));
-    }
-
     void propertySetInDesignerReachesTheRunningForm_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("property");
         QTest::addColumn<QVariant>("value");
 
-        // One row per kind of value Designer edits: whole number, Boolean,
-        // decimal, text, unsigned colour.
+        // One row per kind of value Designer edits (whole number, Boolean,
+        // decimal, text, unsigned colour) and per control.
         auto row = [](const char *control, const char *property, const QVariant &value) {
             QTest::addRow("%s %s", control, property) << control << property << value;
         };
@@ -176,6 +149,8 @@ private slots:
         row("zelInputBox", "Prefix", QStringLiteral("Width"));
         row("zelDateTime", "TimeInput", true);
         row("zelColorPicker", "BackColor", 0x00FF8000u);
+        row("zelStdButtons", "OKasClose", true);
+        row("zelGridList", "CheckBoxes", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()
@@ -189,8 +164,13 @@ private slots:
         const auto form = newForm(name);
         auto *designed = form->mainContainer()->findChild<QWidget *>(QStringLiteral("control"));
         QVERIFY(designed);
+        QCOMPARE(QString::fromLatin1(designed->metaObject()->className()), name);
+        QVERIFY(!zel::UserMode(designed));
         auto *sheet =
             qt_extension<QDesignerPropertySheetExtension *>(m_core->extensionManager(), designed);
+        // The design-mode mark is not offered for editing, where it could be
+        // saved with the form and carried into the running application.
+        QVERIFY(!sheet->isVisible(sheet->indexOf(kUserModeMark)));
         const int index = sheet->indexOf(property);
         QVERIFY(index >= 0);
         QVERIFY(sheet->isVisible(index));
@@ -245,10 +225,6 @@ private:
     std::unique_ptr<QDesignerPropertyEditorInterface> m_propertyEditor;
 #endif
 };
-
-#ifdef ZEL_HAVE_FORM_EDITOR
-
-#endif
 
 QTEST_MAIN(tst_designer)
 #include "tst_designer.moc"

@@ -5,11 +5,13 @@
 // exactly what Items holds.
 
 #include "grid/zelGridList.h"
+#include "grid/zelGridRows.h"
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 #include <QStringList>
 #include <QTableView>
+#include <QTest>
 
 #include <memory>
 
@@ -31,12 +33,26 @@ inline std::unique_ptr<zelGridList> makeList(int rows = 3)
 }
 
 // The rows' first cells in order ("ABC").
-inline QString order(const zelGridList &g)
+inline QString order(const zelGridRows &rows)
 {
     QString s;
-    for (const auto &r : *g.Items())
+    for (const auto &r : rows)
         s += r->Cell(0).toString();
     return s;
+}
+inline QString order(const zelGridList &g)
+{
+    return order(*g.Items());
+}
+
+// Places the list at 800 x 400 pixels on a shown 900 x 500 form.
+inline bool showOnForm(QWidget &form, zelGridList *g)
+{
+    form.resize(900, 500);
+    g->setParent(&form);
+    g->setGeometry(0, 0, 800, 400);
+    form.show();
+    return QTest::qWaitForWindowExposed(&form);
 }
 
 // Empty when the grid shows every row object of Items in order, cell by
@@ -66,48 +82,49 @@ struct zelGridEvents
     QString replaceText;     // EditCellByRef writes this when not empty
     qint32 redirectMove = 0; // RowMoved writes this into lNewRow when not 0
 
+    static QString text(qint32 v) { return QString::number(v); }
+    static QString text(bool) { return QStringLiteral("\x01"); } // an answer, not recorded
+    static QString text(const QString &v) { return v; }
+    static QString text(const std::shared_ptr<zelGridRow> &row)
+    {
+        return row && row->Checked() ? QStringLiteral("on") : QStringLiteral("off");
+    }
+    // Records the signal as "Name(argument,...)", then lets answer reply.
+    template <typename... A, typename F = void (*)(A &...)>
+    void on(
+        zelGridList &g, void (zelGridList::*signal)(A...), const char *name,
+        F answer = [](A &...) {})
+    {
+        QObject::connect(&g, signal, [this, name, answer](A... args) {
+            QStringList parts{text(args)...};
+            parts.removeAll(QStringLiteral("\x01"));
+            events << QString::fromLatin1(name) +
+                          (parts.isEmpty() ? QString() : '(' + parts.join(',') + ')');
+            answer(args...);
+        });
+    }
+
     void watch(zelGridList &g)
     {
-        QObject::connect(&g, &zelGridList::NewRow,
-                         [this](qint32 r) { events << QStringLiteral("NewRow(%1)").arg(r); });
-        QObject::connect(&g, &zelGridList::Delete, [this](qint32 r, const QString &k) {
-            events << QStringLiteral("Delete(%1,%2)").arg(r).arg(k);
-        });
-        QObject::connect(&g, &zelGridList::RowMoved, [this](qint32 o, qint32 &n) {
-            events << QStringLiteral("RowMoved(%1,%2)").arg(o).arg(n);
+        on(g, &zelGridList::NewRow, "NewRow");
+        on(g, &zelGridList::Delete, "Delete");
+        on(g, &zelGridList::RowMoved, "RowMoved", [this](qint32 &, qint32 &n) {
             if (redirectMove)
                 n = redirectMove;
         });
-        QObject::connect(&g, &zelGridList::Edit,
-                         [this](qint32 r) { events << QStringLiteral("Edit(%1)").arg(r); });
-        QObject::connect(&g, &zelGridList::EditCell, [this](qint32 r, qint32 c, const QString &t) {
-            events << QStringLiteral("EditCell(%1,%2,%3)").arg(r).arg(c).arg(t);
-        });
-        QObject::connect(&g, &zelGridList::EditCellByRef, [this](qint32 r, qint32 c, QString &t) {
-            events << QStringLiteral("EditCellByRef(%1,%2,%3)").arg(r).arg(c).arg(t);
+        on(g, &zelGridList::Edit, "Edit");
+        on(g, &zelGridList::EditCell, "EditCell");
+        on(g, &zelGridList::EditCellByRef, "EditCellByRef", [this](qint32 &, qint32 &, QString &t) {
             if (!replaceText.isEmpty())
                 t = replaceText;
         });
-        QObject::connect(&g, &zelGridList::SelectedItem, [this](const QString &k, qint32 r) {
-            events << QStringLiteral("SelectedItem(%1,%2)").arg(k).arg(r);
-        });
-        QObject::connect(&g, &zelGridList::DblClick,
-                         [this] { events << QStringLiteral("DblClick"); });
-        QObject::connect(&g, &zelGridList::BeforeEdit, [this](qint32 r, qint32 c, bool &cancel) {
-            events << QStringLiteral("BeforeEdit(%1,%2)").arg(r).arg(c);
-            cancel = vetoEdit;
-        });
-        QObject::connect(&g, &zelGridList::SelectionChanged,
-                         [this] { events << QStringLiteral("SelectionChanged"); });
-        QObject::connect(&g, &zelGridList::ItemChecked,
-                         [this](qint32 r, const std::shared_ptr<zelGridRow> &row) {
-                             events << QStringLiteral("ItemChecked(%1,%2)")
-                                           .arg(r)
-                                           .arg(row && row->Checked() ? "on" : "off");
-                         });
-        QObject::connect(&g, &zelGridList::OptionClicked, [this](qint32 i) {
-            events << QStringLiteral("OptionClicked(%1)").arg(i);
-        });
+        on(g, &zelGridList::SelectedItem, "SelectedItem");
+        on(g, &zelGridList::DblClick, "DblClick");
+        on(g, &zelGridList::BeforeEdit, "BeforeEdit",
+           [this](qint32 &, qint32 &, bool &cancel) { cancel = vetoEdit; });
+        on(g, &zelGridList::SelectionChanged, "SelectionChanged");
+        on(g, &zelGridList::ItemChecked, "ItemChecked");
+        on(g, &zelGridList::OptionClicked, "OptionClicked");
     }
     QString joined() const { return events.join(QLatin1Char(';')); }
 };
