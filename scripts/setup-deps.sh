@@ -1,9 +1,14 @@
 #!/usr/bin/env bash
-# Installs with apt-get whatever the build needs and the machine lacks.
+# Installs with apt-get everything the build, the tests, the Designer plugin,
+# the benchmarks and the sanitizer build use that the machine lacks.
 set -euo pipefail
-pkgs=(g++ cmake ninja-build git pkg-config
-      qt6-base-dev qt6-tools-dev qt6-tools-dev-tools libgl-dev
-      libbenchmark-dev fonts-dejavu-core xvfb xauth)
+pkgs=(g++ cmake ninja-build git pkg-config ccache ca-certificates
+      qt6-base-dev libgl-dev                # the library, tests, gallery
+      qt6-tools-dev qt6-tools-dev-tools     # the Designer plugin and its test
+      libqt6opengl6-dev                     # Debian's Designer CMake package needs it
+      libbenchmark-dev                      # the benchmarks
+      libasan8 liblsan0 libubsan1           # scripts/test.sh --sanitize
+      fonts-dejavu-core xvfb xauth)
 missing=()
 for p in "${pkgs[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

@@ -13,6 +13,7 @@
 
 #include "buttons/zelButtonEnums.h"
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QRect>
 #include <QSize>
@@ -41,7 +42,7 @@ constexpr qint32 zelBarBit(int slot)
 }
 
 // How many of the eight button bits are set.
-int zelBarCount(qint32 bits);
+ZELCTRL_EXPORT int zelBarCount(qint32 bits);
 
 // bits with the bits of which set (on) or cleared.
 constexpr qint32 zelBarWithBits(qint32 bits, qint32 which, bool on)
@@ -50,7 +51,7 @@ constexpr qint32 zelBarWithBits(qint32 bits, qint32 which, bool on)
 }
 
 // Where one button goes, in twips relative to the bar.
-struct zelBarButtonPlace
+struct ZELCTRL_EXPORT zelBarButtonPlace
 {
     bool Visible = false;
     bool Enabled = false;
@@ -59,7 +60,7 @@ struct zelBarButtonPlace
     bool operator==(const zelBarButtonPlace &) const = default;
 };
 
-struct zelButtonBarLayout
+struct ZELCTRL_EXPORT zelButtonBarLayout
 {
     // Buttons shown. With none, the bar shrinks to nothing and the buttons
     // are left as they were.
@@ -72,8 +73,8 @@ struct zelButtonBarLayout
 
 // The layout of a bar: count x (buttonWidth + 120) - 120 wide, buttonHeight
 // high, each visible button placed by PlaceOneButton walking from the right.
-zelButtonBarLayout zelLayoutButtonBar(qint32 visible, qint32 enabled, qint32 buttonWidth,
-                                      qint32 buttonHeight);
+ZELCTRL_EXPORT zelButtonBarLayout zelLayoutButtonBar(qint32 visible, qint32 enabled,
+                                                     qint32 buttonWidth, qint32 buttonHeight);
 
 // What a Language setting says.
 enum class zelBarLanguage
@@ -83,12 +84,12 @@ enum class zelBarLanguage
     Other
 };
 // "english" (and ""), "german" or "deutsch" in any letter case; anything else is Other.
-zelBarLanguage zelClassifyLanguage(const QString &language);
+ZELCTRL_EXPORT zelBarLanguage zelClassifyLanguage(const QString &language);
 
 // The captions one language gives a bar. Three are written on their buttons
 // at once; the main button (slot 3) and the second button (slot 1) keep a
 // caption and an alternative, and the layout shows one of each.
-struct zelBarCaptions
+struct ZELCTRL_EXPORT zelBarCaptions
 {
     QString Help;      // slot 0, written at once
     QString SecondNow; // slot 1, written at once (the layout replaces it)
@@ -102,7 +103,7 @@ struct zelBarCaptions
 
 // What makes one kind of bar: its four own buttons' names, its captions,
 // and what a language other than English or German does to the German flag.
-struct zelButtonBarKind
+struct ZELCTRL_EXPORT zelButtonBarKind
 {
     std::array<const char *, 4> Names; // widget names of slots 0 to 3
     zelBarCaptions English;
@@ -111,7 +112,7 @@ struct zelButtonBarKind
 };
 
 // The widget base of the bars. Hosts use zelStdButtons and zelPrpButtons.
-class zelButtonBar : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelButtonBar : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Language READ Language WRITE SetLanguage)

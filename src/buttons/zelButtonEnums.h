@@ -6,10 +6,12 @@
 // of their own for the meta-object system and are brought to global scope
 // below, so hosts write ZEL_StdButton_OKCancel as they would anywhere.
 
+#include "zelCtrlExport.h"
+
 #include <QObject>
 
 namespace ZEL_Buttons {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZELCTRL_EXPORT)
 
 enum ZEL_StdButtons : int
 {

@@ -10,8 +10,9 @@
 // "&Ausführen".
 
 #include "buttons/zelButtonBar.h"
+#include "zelCtrlExport.h"
 
-class zelPrpButtons : public zelButtonBar
+class ZELCTRL_EXPORT zelPrpButtons : public zelButtonBar
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.Language", "0x68030006")

@@ -10,8 +10,9 @@
 // "&Preview" on the Apply button; their events stay OK and Apply.
 
 #include "buttons/zelButtonBar.h"
+#include "zelCtrlExport.h"
 
-class zelStdButtons : public zelButtonBar
+class ZELCTRL_EXPORT zelStdButtons : public zelButtonBar
 {
     Q_OBJECT
     Q_PROPERTY(QVariant OKasClose READ OKasClose WRITE SetOKasClose)

@@ -11,40 +11,45 @@
 // value missing there, from the machine-wide store (missing reads as 0).
 
 #include "core/zelError.h"
+#include "zelCtrlExport.h"
 
 #include <QObject>
 #include <QString>
 
 namespace mLog {
 
-void ErrorLog(const QString &sSource, const zelError &oErr, const QString &sMoreInfo, bool bRaise);
-void AddToErrorLog(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                   const QString &sDescription, const QString &sMoreInfo, qint32 lMode);
-void TraceLog(const QString &sSource, const QString &sText1, const QString &sText2);
-void WriteLogFile(const QString &sSource, const QString &sText1, const QString &sText2);
-void InitConditional();
+ZELCTRL_EXPORT void ErrorLog(const QString &sSource, const zelError &oErr, const QString &sMoreInfo,
+                             bool bRaise);
+ZELCTRL_EXPORT void AddToErrorLog(const QString &sSource, qint32 lNumber, const QString &sErrSource,
+                                  const QString &sDescription, const QString &sMoreInfo,
+                                  qint32 lMode);
+ZELCTRL_EXPORT void TraceLog(const QString &sSource, const QString &sText1, const QString &sText2);
+ZELCTRL_EXPORT void WriteLogFile(const QString &sSource, const QString &sText1,
+                                 const QString &sText2);
+ZELCTRL_EXPORT void InitConditional();
 // A new logger for one message, or nullptr; the caller deletes it.
-QObject *CreateLogger();
-QString VersionString();
-void TrackerIncr(const QString &sClassName);
-void TrackerDecr(const QString &sClassName);
+ZELCTRL_EXPORT QObject *CreateLogger();
+ZELCTRL_EXPORT QString VersionString();
+ZELCTRL_EXPORT void TrackerIncr(const QString &sClassName);
+ZELCTRL_EXPORT void TrackerDecr(const QString &sClassName);
 
 // The message text that AddToErrorLog shows (lines joined with CR LF).
-QString ComposeMessage(const QString &sSource, qint32 lNumber, const QString &sErrSource,
-                       const QString &sDescription, const QString &sMoreInfo);
+ZELCTRL_EXPORT QString ComposeMessage(const QString &sSource, qint32 lNumber,
+                                      const QString &sErrSource, const QString &sDescription,
+                                      const QString &sMoreInfo);
 
 // The switches as read (reading them first if need be).
-qint32 ConDebug();
-qint32 ConTrace();
-qint32 ConTrack();
+ZELCTRL_EXPORT qint32 ConDebug();
+ZELCTRL_EXPORT qint32 ConTrace();
+ZELCTRL_EXPORT qint32 ConTrack();
 // The live-instance count that TrackerIncr/TrackerDecr keep for a class;
 // 0 for a class never seen.
-qint32 TrackedCount(const QString &sClassName);
+ZELCTRL_EXPORT qint32 TrackedCount(const QString &sClassName);
 
 // For tools such as the gallery's switch: ConDebug from now on.
-void SetConDebug(qint32 value);
+ZELCTRL_EXPORT void SetConDebug(qint32 value);
 // Forgets the switches and the tracking, so that the next call reads the
 // stores again. For tests, which need a fresh process state per case.
-void Reset();
+ZELCTRL_EXPORT void Reset();
 
 } // namespace mLog

@@ -3,12 +3,13 @@
 // The error object that a failing procedure raises: a number, the source
 // it came from and a description, as hosts of the classic controls know it.
 
+#include "zelCtrlExport.h"
 #include <QString>
 
 #include <exception>
 #include <string>
 
-class zelError : public std::exception
+class ZELCTRL_EXPORT zelError : public std::exception
 {
 public:
     explicit zelError(qint32 number, const QString &source = {}, const QString &description = {});
@@ -45,4 +46,4 @@ private:
 // zelError as it is, standard exceptions mapped to the classic numbers
 // (overflow 6, out of memory 7, subscript out of range 9, type mismatch 13,
 // anything else 5).
-zelError zelCurrentError();
+ZELCTRL_EXPORT zelError zelCurrentError();

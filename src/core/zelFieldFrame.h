@@ -7,6 +7,7 @@
 // zelLabelledField applies it to widgets.
 
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QRect>
 #include <QString>
@@ -20,7 +21,7 @@ class QLabel;
 class QLineEdit;
 
 // The frame members of a control, with the defaults of a newly placed one.
-struct zelFrameProps
+struct ZELCTRL_EXPORT zelFrameProps
 {
     QString Prefix;
     qint16 PrefixAlignment = 1; // 0 left, 1 right, 2 centre
@@ -38,7 +39,7 @@ struct zelFrameProps
 };
 
 // Where the frame puts its parts, in twips relative to the control.
-struct zelFrameLayout
+struct ZELCTRL_EXPORT zelFrameLayout
 {
     QString PrefixText;
     QString SuffixText;
@@ -61,18 +62,18 @@ inline constexpr qint32 zelFrameMinInput = 400; // the input's least width
 // The width in twips that a label needs to show a text, plain or bold.
 using zelTextWidth = std::function<qint32(const QString &text, bool bold)>;
 
-QString zelPrefixText(const zelFrameProps &p);
-QString zelSuffixText(const zelFrameProps &p);
+ZELCTRL_EXPORT QString zelPrefixText(const zelFrameProps &p);
+ZELCTRL_EXPORT QString zelSuffixText(const zelFrameProps &p);
 
 // The layout of a control innerWidth twips wide. Throws zelError 6 where the
 // 16-bit prefix space or input width overflows.
-zelFrameLayout zelLayoutFrame(const zelFrameProps &p, qint32 innerWidth,
-                              const zelTextWidth &measure);
+ZELCTRL_EXPORT zelFrameLayout zelLayoutFrame(const zelFrameProps &p, qint32 innerWidth,
+                                             const zelTextWidth &measure);
 
 // The widget part: the two labels, the layout on every resize and frame
 // setter, the Enter-as-Tab rule, and the frame's persisted keys. A control
 // derives from it, creates its input widget and hands it to SetInputWidget.
-class zelLabelledField : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelLabelledField : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Prefix READ Prefix WRITE SetPrefix)

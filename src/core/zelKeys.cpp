@@ -11,6 +11,10 @@ qint16 KeyAscii(const QKeyEvent *e)
     if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
         return 13;
     const QString text = e->text();
+    // A character beyond 16 bits comes as a surrogate pair; its first half
+    // stands for it, so that the field's checks still see a typed character.
+    if (text.size() == 2 && text.at(0).isHighSurrogate() && text.at(1).isLowSurrogate())
+        return qint16(text.at(0).unicode());
     if (text.size() != 1)
         return 0;
     return qint16(text.at(0).unicode());

@@ -28,6 +28,7 @@
 
 #include "core/zelTrail.h"
 #include "platform/zelPropertyBag.h"
+#include "zelCtrlExport.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -57,7 +58,7 @@ enum class Kind : quint8
 
 // The classic conversion of a value to a kind: throws zelError 13 (type
 // mismatch) or 6 (overflow) where the value does not read as the kind.
-QVariant ConvertTo(Kind kind, const QVariant &value);
+ZELCTRL_EXPORT QVariant ConvertTo(Kind kind, const QVariant &value);
 
 enum PropertyFlag : quint32
 {
@@ -79,7 +80,7 @@ enum PropertyFlag : quint32
 };
 
 // One property of a class.
-struct zelPropertyDecl
+struct ZELCTRL_EXPORT zelPropertyDecl
 {
     const char *Name = nullptr; // the late-bound name; the setter's trail is "<Name> Let"
     const char *Key = nullptr;  // the persisted key; null when not persisted
@@ -185,7 +186,7 @@ zelPropertyDecl Prop(const char *name, T (C::*get)() const, void (D::*set)(const
 
 // A class's properties in load order, found by name without regard to
 // letter case.
-class zelPropertyTable
+class ZELCTRL_EXPORT zelPropertyTable
 {
 public:
     zelPropertyTable(std::initializer_list<zelPropertyDecl> decls);
@@ -211,7 +212,7 @@ private:
 // The class names its table in Properties(), says how it marks the store in
 // MarkChanged (a signal PropertyChanged(name) in every control) and, where
 // its table names refreshes, carries them out in Refresh.
-class zelPropertyHost : public zelPersistable
+class ZELCTRL_EXPORT zelPropertyHost : public zelPersistable
 {
 public:
     virtual const zel::zelPropertyTable &Properties() const = 0;

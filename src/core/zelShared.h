@@ -21,6 +21,8 @@
 //
 //     QObject *row = qvariant_cast<QObject *>(zel::CallByName(grid, "AddItem", {...}));
 
+#include "zelCtrlExport.h"
+
 #include <QMetaType>
 #include <QObject>
 #include <QVariant>
@@ -32,7 +34,7 @@ namespace zel {
 
 namespace detail {
 // Logs a `delete` that gave back no reference of the maker's.
-void LogRefusedDelete(const QObject *o) noexcept;
+ZELCTRL_EXPORT void LogRefusedDelete(const QObject *o) noexcept;
 } // namespace detail
 
 template <typename T> class SharedObject : public QObject, public std::enable_shared_from_this<T>

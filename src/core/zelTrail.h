@@ -12,13 +12,14 @@
 
 #include "core/mLog.h"
 #include "core/zelError.h"
+#include "zelCtrlExport.h"
 
 #include <QObject>
 #include <QString>
 
 namespace zel {
 
-class Trail
+class ZELCTRL_EXPORT Trail
 {
 public:
     explicit Trail(const QString &name) : m_name(name) {}

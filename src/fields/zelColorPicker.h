@@ -7,13 +7,14 @@
 // dialog leaves the colour as it was and raises nothing.
 
 #include "core/zelProperties.h"
+#include "zelCtrlExport.h"
 
 #include <QVariant>
 #include <QWidget>
 
 class QFrame;
 
-class zelColorPicker : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelColorPicker : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.BackColor", "0x68030000")

@@ -451,7 +451,7 @@ void zelDateTime::txtInput_KeyPress(qint16 &KeyAscii)
             ApplyEnterAsTab(KeyAscii, m_txtInput);
             return;
         }
-        if (KeyAscii < 32)
+        if (char16_t(KeyAscii) < 32) // unsigned: above U+7FFF is negative
             return;
         const qsizetype selStart = m_txtInput->hasSelectedText() ? m_txtInput->selectionStart()
                                                                  : m_txtInput->cursorPosition();

@@ -34,6 +34,7 @@
 // Alt+Down and F4 in the text box open the drop-down calendar.
 
 #include "core/zelFieldFrame.h"
+#include "zelCtrlExport.h"
 
 #include <QChar>
 #include <QDateTime>
@@ -47,7 +48,7 @@ class QKeyEvent;
 class QLineEdit;
 
 // Where the two input widgets lie inside the input area, in twips.
-struct zelDateInputLayout
+struct ZELCTRL_EXPORT zelDateInputLayout
 {
     QRect PickerRect;
     QRect TextRect;
@@ -59,28 +60,30 @@ struct zelDateInputLayout
 // The input area shared by the text box and the picker: in date mode the
 // text box covers all but the picker's drop-down button (buttonTwips wide);
 // in time mode the picker takes the whole area and the text box is hidden.
-zelDateInputLayout zelLayoutDateInput(const QRect &input, bool timeInput, qint32 buttonTwips);
+ZELCTRL_EXPORT zelDateInputLayout zelLayoutDateInput(const QRect &input, bool timeInput,
+                                                     qint32 buttonTwips);
 
 // How dates are typed in a locale: the separator written for a typed one,
 // and which of the three digit groups is the year.
-struct zelDateEntryRule
+struct ZELCTRL_EXPORT zelDateEntryRule
 {
     QChar Separator = QLatin1Char('/');
     int YearGroup = 2;
 };
-zelDateEntryRule zelDateEntryRuleFor(const QLocale &locale = QLocale());
+ZELCTRL_EXPORT zelDateEntryRule zelDateEntryRuleFor(const QLocale &locale = QLocale());
 
 // What a typed character puts into the text box, given its text and
 // selection: the character itself, the entry separator in place of a typed
 // separator, the separator and the digit when the digit starts the next
 // group, or "" when the key is refused. Only printable keys come here.
-QString zelDateTypedText(const QString &text, qsizetype selStart, qsizetype selLength, QChar typed,
-                         const zelDateEntryRule &rule);
+ZELCTRL_EXPORT QString zelDateTypedText(const QString &text, qsizetype selStart,
+                                        qsizetype selLength, QChar typed,
+                                        const zelDateEntryRule &rule);
 
 // The longest text that typing makes.
 inline constexpr qsizetype zelDateMaxTyped = 10;
 
-class zelDateTime : public zelLabelledField
+class ZELCTRL_EXPORT zelDateTime : public zelLabelledField
 {
     Q_OBJECT
     Q_CLASSINFO("DispId.Enabled", "0x68030000")

@@ -322,7 +322,8 @@ void zelInputBox::txtInput_KeyPress(qint16 &KeyAscii)
     zel::Trail t(this, "txtInput_KeyPress");
     t.Run([&] {
         emit KeyPress(KeyAscii);
-        if (KeyAscii >= 32) {
+        // Read unsigned: a character above U+7FFF is a negative KeyAscii.
+        if (char16_t(KeyAscii) >= 32) {
             const QChar ch{char16_t(KeyAscii)};
             if (!m_illegalChars.isEmpty() && m_illegalChars.contains(ch)) {
                 zel::platform().Beep();

@@ -10,6 +10,7 @@
 // Enter moves to the next control while SendKeysTab is on (the default).
 
 #include "core/zelFieldFrame.h"
+#include "zelCtrlExport.h"
 
 #include <QPointer>
 #include <QString>
@@ -18,7 +19,7 @@
 class QLineEdit;
 class QWindow;
 
-class zelInputBox : public zelLabelledField
+class ZELCTRL_EXPORT zelInputBox : public zelLabelledField
 {
     Q_OBJECT
     Q_PROPERTY(QVariant MaxLength READ MaxLength WRITE SetMaxLength)

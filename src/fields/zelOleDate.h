@@ -13,6 +13,7 @@
 // strictly: "31/02/2020" is no date, and day and month are never swapped to
 // make a text fit.
 
+#include "zelCtrlExport.h"
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
@@ -21,31 +22,31 @@
 namespace zel {
 
 // 30 December 1899 00:00, the date value 0.
-QDateTime OleZeroDate();
+ZELCTRL_EXPORT QDateTime OleZeroDate();
 
 // The date value of a date and time; 0 for an invalid QDateTime.
-double DateTimeToOle(const QDateTime &dt);
+ZELCTRL_EXPORT double DateTimeToOle(const QDateTime &dt);
 // The date and time of a date value; throws zelError 6 outside the years
 // 100 to 9999 and for values that are no number.
-QDateTime OleToDateTime(double d);
+ZELCTRL_EXPORT QDateTime OleToDateTime(double d);
 
 // The format in which the library writes and reads typed dates: the
 // locale's short date form with the year in four digits; ISO yyyy-MM-dd for
 // locales whose short form is not made of digit groups (names of months).
-QString DateEntryFormat(const QLocale &locale = QLocale());
+ZELCTRL_EXPORT QString DateEntryFormat(const QLocale &locale = QLocale());
 
 // A date in the entry format ("1/2/1950" in the United States,
 // "02.01.1950" in Germany).
-QString ShortDateText(const QDate &date, const QLocale &locale = QLocale());
+ZELCTRL_EXPORT QString ShortDateText(const QDate &date, const QLocale &locale = QLocale());
 
 // A text read as a date (at midnight) or, failing that, as a time of day
 // (on the zero day); an invalid QDateTime when it reads as neither.
-QDateTime DateFromText(const QString &text, const QLocale &locale = QLocale());
+ZELCTRL_EXPORT QDateTime DateFromText(const QString &text, const QLocale &locale = QLocale());
 
 // Any value as a date, as the classic date conversion reads it: dates and
 // times as they are, QDate at midnight, QTime on the zero day, numbers as
 // date values, texts through DateFromText. Throws zelError 13 for anything
 // else and for texts that are no date.
-QDateTime ToDateTime(const QVariant &v);
+ZELCTRL_EXPORT QDateTime ToDateTime(const QVariant &v);
 
 } // namespace zel

@@ -5,6 +5,7 @@
 // regard to letter case, arguments are converted to the parameter types, and
 // by-reference parameters come back in the argument list.
 
+#include "zelCtrlExport.h"
 #include <QMetaMethod>
 #include <QObject>
 #include <QString>
@@ -14,12 +15,12 @@
 namespace zel {
 
 // The value of a property; an invalid QVariant when there is no such property.
-QVariant GetProperty(const QObject *object, const QString &name);
+ZELCTRL_EXPORT QVariant GetProperty(const QObject *object, const QString &name);
 // Writes a property; false when there is no such writable property or the
 // value cannot be converted to its type. No such property (error 438) and a
 // value that does not convert (error 13) are logged under
 // "<Class>.<Property> Let"; the property stays as it was.
-bool SetProperty(QObject *object, const QString &name, const QVariant &value);
+ZELCTRL_EXPORT bool SetProperty(QObject *object, const QString &name, const QVariant &value);
 
 // Calls a Q_INVOKABLE method or slot by name with as many arguments as args
 // holds (a method with defaults is found with fewer). Answers the method's
@@ -27,13 +28,14 @@ bool SetProperty(QObject *object, const QString &name, const QVariant &value);
 // given) says whether a method was found and called; when not, the failure is
 // logged under "<Class>.<method>": 438 for no such method, 450 for none
 // with that many parameters, 13 for arguments that do not convert.
-QVariant CallByName(QObject *object, const QString &method, QVariantList &args, bool *ok = nullptr);
-QVariant CallByName(QObject *object, const QString &method, const QVariantList &args = {},
-                    bool *ok = nullptr);
+ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method, QVariantList &args,
+                                   bool *ok = nullptr);
+ZELCTRL_EXPORT QVariant CallByName(QObject *object, const QString &method,
+                                   const QVariantList &args = {}, bool *ok = nullptr);
 
 // The type of a method's or signal's parameter. A non-const reference (a
 // by-reference argument such as KeyAscii) carries no meta type of its own;
 // it is looked up by its name without the "&".
-QMetaType ParameterType(const QMetaMethod &method, int index);
+ZELCTRL_EXPORT QMetaType ParameterType(const QMetaMethod &method, int index);
 
 } // namespace zel

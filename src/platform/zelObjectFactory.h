@@ -6,6 +6,7 @@
 // register themselves; other components (the logger "zelLog.zelHandler")
 // come from plugins found on the plugin path.
 
+#include "zelCtrlExport.h"
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -21,19 +22,19 @@ using Creator = std::function<QObject *(QObject *parent)>;
 
 // Creates an object by program identifier (letter case ignored); nullptr
 // when no registered class or plugin answers to it. Never throws.
-QObject *CreateObject(const QString &progId, QObject *parent = nullptr);
+ZELCTRL_EXPORT QObject *CreateObject(const QString &progId, QObject *parent = nullptr);
 
 // Adds a class to the built-in registry; a later registration of the same
 // identifier replaces the earlier one (tests put fakes in this way).
-void RegisterProgId(const QString &progId, Creator creator);
+ZELCTRL_EXPORT void RegisterProgId(const QString &progId, Creator creator);
 // Takes a class out of the registry again.
-void UnregisterProgId(const QString &progId);
+ZELCTRL_EXPORT void UnregisterProgId(const QString &progId);
 // The identifiers of the built-in registry, in alphabetical order.
-QStringList RegisteredProgIds();
+ZELCTRL_EXPORT QStringList RegisteredProgIds();
 
 // Folders searched for plugins: ZEL_PLUGIN_PATH (a list with the system's
 // path separator), then the build tree's and the installed plugin folders.
-QStringList PluginSearchPath();
+ZELCTRL_EXPORT QStringList PluginSearchPath();
 
 // Registers a class at load time of the library:
 //   ZEL_REGISTER_PROGID(zelInputBox)  ->  "zelCtrl.zelInputBox"
@@ -58,7 +59,7 @@ template <typename T> struct ProgIdRegistrar
 
 // The interface that a factory plugin implements. Its metadata JSON lists the
 // identifiers it serves: { "ProgIds": ["zelLog.zelHandler"] }.
-class zelFactoryPlugin
+class ZELCTRL_EXPORT zelFactoryPlugin
 {
 public:
     virtual ~zelFactoryPlugin() = default;

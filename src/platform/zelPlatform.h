@@ -5,6 +5,7 @@
 // platform object below, so that tests can put a recording fake in its place
 // and a port to another host changes this folder alone.
 
+#include "zelCtrlExport.h"
 #include <QColor>
 #include <QRect>
 #include <QString>
@@ -24,7 +25,7 @@ enum class SettingsScope
     Machine, // machine-wide store: key "Software\Quorvane\Common"
 };
 
-class Platform
+class ZELCTRL_EXPORT Platform
 {
 public:
     virtual ~Platform();
@@ -56,13 +57,13 @@ public:
 };
 
 // The platform in force; a default Qt platform until a test installs its own.
-Platform &platform();
+ZELCTRL_EXPORT Platform &platform();
 // Installs p (nullptr restores the default) and answers the previous one.
-std::unique_ptr<Platform> SetPlatform(std::unique_ptr<Platform> p);
+ZELCTRL_EXPORT std::unique_ptr<Platform> SetPlatform(std::unique_ptr<Platform> p);
 
 // Where the settings files lie. ZEL_USER_SETTINGS and ZEL_MACHINE_SETTINGS
 // name other files (tests and sandboxed hosts use them).
-QString SettingsFile(SettingsScope scope);
+ZELCTRL_EXPORT QString SettingsFile(SettingsScope scope);
 
 // Colours: 0x00BBGGRR values, and 0x8000000x naming system colours.
 inline constexpr quint32 SysWindowBackground = 0x80000005;
@@ -74,19 +75,19 @@ inline constexpr quint32 SysButtonText = 0x80000012;
 
 // The colour a value stands for on screen; a system colour is read from the
 // platform's palette, an unknown system index gives the window background.
-QColor ToQColor(quint32 colour);
+ZELCTRL_EXPORT QColor ToQColor(quint32 colour);
 // The 0x00BBGGRR value of a plain colour.
-quint32 FromQColor(const QColor &colour);
+ZELCTRL_EXPORT quint32 FromQColor(const QColor &colour);
 
 // The ambient UserMode of a control: true at run time (the default), false
 // while it sits in a form designer. A designer marks a control or any of its
 // ancestors with SetUserMode(w, false).
-bool UserMode(const QObject *control);
-void SetUserMode(QObject *control, bool userMode);
+ZELCTRL_EXPORT bool UserMode(const QObject *control);
+ZELCTRL_EXPORT void SetUserMode(QObject *control, bool userMode);
 
 // Conversions between twips and pixels at the widget edge.
-int TwipsToPixels(double twips);
-int PixelsToTwips(int pixels);
-QRect TwipsToPixels(const QRect &twips);
+ZELCTRL_EXPORT int TwipsToPixels(double twips);
+ZELCTRL_EXPORT int PixelsToTwips(int pixels);
+ZELCTRL_EXPORT QRect TwipsToPixels(const QRect &twips);
 
 } // namespace zel

@@ -4,6 +4,7 @@
 // properties between sessions. A value equal to its default is not stored,
 // so that a bag holds only what differs from a newly placed control.
 
+#include "zelCtrlExport.h"
 #include <QHash>
 #include <QJsonObject>
 #include <QString>
@@ -13,7 +14,7 @@
 
 class QSettings;
 
-class zelPropertyBag
+class ZELCTRL_EXPORT zelPropertyBag
 {
 public:
     virtual ~zelPropertyBag();
@@ -23,7 +24,7 @@ public:
 
 // What every control offers its host's property store: defaults for a newly
 // placed control, and every design-time property read back or saved.
-class zelPersistable
+class ZELCTRL_EXPORT zelPersistable
 {
 public:
     virtual ~zelPersistable();
@@ -34,9 +35,9 @@ public:
 
 // Compares the way a stored value is compared with its default: numbers by
 // value (2 == 2.0), everything else as text.
-bool zelSameAsDefault(const QVariant &value, const QVariant &def);
+ZELCTRL_EXPORT bool zelSameAsDefault(const QVariant &value, const QVariant &def);
 
-class zelMemoryPropertyBag : public zelPropertyBag
+class ZELCTRL_EXPORT zelMemoryPropertyBag : public zelPropertyBag
 {
 public:
     QVariant ReadProperty(const QString &name, const QVariant &def) override;
@@ -54,7 +55,7 @@ private:
 };
 
 // One JSON object, read from and saved to a file.
-class zelJsonPropertyBag : public zelPropertyBag
+class ZELCTRL_EXPORT zelJsonPropertyBag : public zelPropertyBag
 {
 public:
     zelJsonPropertyBag() = default;
@@ -76,7 +77,7 @@ private:
 };
 
 // A group of a QSettings store.
-class zelSettingsPropertyBag : public zelPropertyBag
+class ZELCTRL_EXPORT zelSettingsPropertyBag : public zelPropertyBag
 {
 public:
     zelSettingsPropertyBag(QSettings &settings, const QString &group);

@@ -97,7 +97,8 @@ private slots:
         QVERIFY2(QDir::isRelativePath(include) && !include.startsWith(u'<'), qPrintable(include));
         QFile header(QStringLiteral(ZEL_HEADER_DIR) + u'/' + include);
         QVERIFY2(header.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(include));
-        const QRegularExpression declaration(QStringLiteral("\\bclass\\s+%1\\s*[:{]").arg(name));
+        const QRegularExpression declaration(
+            QStringLiteral("\\bclass\\s+(?:ZELCTRL_EXPORT\\s+)?%1\\s*[:{]").arg(name));
         QVERIFY2(declaration.match(QString::fromUtf8(header.readAll())).hasMatch(),
                  qPrintable(include + QStringLiteral(" does not declare ") + name));
 

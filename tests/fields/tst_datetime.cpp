@@ -200,6 +200,16 @@ private slots:
         QCOMPARE(zelLoggedErrors(), 0);
     }
 
+    void typingWideCharactersIsRefused()
+    {
+        zelTestScope scope;
+        auto f = makeField();
+        for (const char *k : {"1", "\uac00", "/", "\ufffd", "\U0001F600", "2"})
+            QTest::sendKeyEvent(QTest::Click, textBox(*f), Qt::Key_unknown, QString(k),
+                                Qt::NoModifier);
+        QCOMPARE(f->Text(), QStringLiteral("1/2"));
+    }
+
     void pickerKeysReachTheHostWhoCanCancelThem()
     {
         zelTestScope scope;

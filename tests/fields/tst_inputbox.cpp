@@ -89,6 +89,37 @@ private slots:
         QTEST(scope.fake().beeps, "beeps");
     }
 
+    // Characters that a 16-bit KeyAscii holds as a negative number, and those
+    // beyond 16 bits, are checked like any other.
+    void typingWideCharacters_data()
+    {
+        QTest::addColumn<int>("dataType");
+        QTest::addColumn<QString>("illegal");
+        QTest::addColumn<QStringList>("keys"); // the text of each key press
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("refused in numbers")
+            << 5 << QString() << QStringList{"1", "\uac00", "2", "\ufffd", "\U0001F600"} << "12";
+        QTest::newRow("typed into text")
+            << 8 << QString() << QStringList{"a", "\uac00", "\U0001F600"} << "a\uac00\U0001F600";
+        QTest::newRow("illegal in text")
+            << 8 << QString("\uac00") << QStringList{"a", "\uac00", "b"} << "ab";
+    }
+
+    void typingWideCharacters()
+    {
+        QFETCH(int, dataType);
+        QFETCH(QString, illegal);
+        QFETCH(QStringList, keys);
+        zelTestScope scope;
+        zelInputBox box;
+        box.SetDataType(dataType);
+        box.SetIllegalChars(illegal);
+        box.SetText(QString());
+        for (const QString &k : keys)
+            QTest::sendKeyEvent(QTest::Click, input(box), Qt::Key_unknown, k, Qt::NoModifier);
+        QTEST(box.Text(), "expected");
+    }
+
     void decimalsStayBelowMaxLength_data()
     {
         zelColumns<int, int, int, int>(
