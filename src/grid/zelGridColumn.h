@@ -14,7 +14,7 @@
 
 #include <memory>
 
-class zelGridColumn : public zel::SharedObject<zelGridColumn>
+class ZELCTRL_EXPORT zelGridColumn : public zel::SharedObject<zelGridColumn>
 {
     Q_OBJECT
     Q_PROPERTY(QVariant Width READ Width WRITE SetWidth)

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-class zelGridColumns : public zel::SharedObject<zelGridColumns>
+class ZELCTRL_EXPORT zelGridColumns : public zel::SharedObject<zelGridColumns>
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Count READ Count)

@@ -12,7 +12,7 @@
 #include <functional>
 #include <memory>
 
-class zelGridEnumerator : public zel::SharedObject<zelGridEnumerator>
+class ZELCTRL_EXPORT zelGridEnumerator : public zel::SharedObject<zelGridEnumerator>
 {
     Q_OBJECT
 

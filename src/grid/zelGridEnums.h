@@ -4,10 +4,12 @@
 // their own for the meta-object system and are brought to global scope
 // below, so hosts write ZEL_ColumnAlignRight as they would anywhere.
 
+#include "zelCtrlExport.h"
+
 #include <QObject>
 
 namespace ZEL_Grid {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(ZELCTRL_EXPORT)
 
 // Alignment of a column's cells. A column made directly (not through
 // zelGridColumns::Create) has 0, which the grid list reads as its own

@@ -6,6 +6,8 @@
 // left of that row) or a column of buttons to the right of the grid. A
 // plain function, so that it can be checked without a display.
 
+#include "zelCtrlExport.h"
+
 #include <QRect>
 #include <QSize>
 
@@ -51,4 +53,4 @@ struct zelGridListLayout
 inline constexpr qint32 zelGridButtonGap = 60;       // between stacked buttons
 inline constexpr qint32 zelGridButtonGroupGap = 180; // before the move buttons
 
-zelGridListLayout zelLayoutGridList(const zelGridListLayoutInput &in);
+ZELCTRL_EXPORT zelGridListLayout zelLayoutGridList(const zelGridListLayoutInput &in);

@@ -31,7 +31,7 @@
 class QTableView;
 struct zelGridListPrivate;
 
-class zelGridList : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelGridList : public QWidget, public zelPropertyHost
 {
     Q_OBJECT
     Q_PROPERTY(QString Language READ Language WRITE SetLanguage)

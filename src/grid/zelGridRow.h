@@ -14,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-class zelGridRow : public zel::SharedObject<zelGridRow>
+class ZELCTRL_EXPORT zelGridRow : public zel::SharedObject<zelGridRow>
 {
     Q_OBJECT
     Q_PROPERTY(QString Data READ Data WRITE SetData)

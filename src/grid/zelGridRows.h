@@ -14,7 +14,7 @@
 
 #include <memory>
 
-class zelGridRows : public zel::SharedObject<zelGridRows>
+class ZELCTRL_EXPORT zelGridRows : public zel::SharedObject<zelGridRows>
 {
     Q_OBJECT
     Q_PROPERTY(qint32 Count READ Count)

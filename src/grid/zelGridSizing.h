@@ -4,6 +4,8 @@
 // without a display: what the control's SizeColZero decides from the
 // widths it has.
 
+#include "zelCtrlExport.h"
+
 #include <QtGlobal>
 
 #include <vector>
@@ -34,4 +36,4 @@ struct zelColZeroResult
 
 // The widths after sizing (the input's when nothing is sized). Throws
 // zelError 9 when the sized column has no column object.
-zelColZeroResult zelSizeColZero(const zelColZeroInput &in);
+ZELCTRL_EXPORT zelColZeroResult zelSizeColZero(const zelColZeroInput &in);
