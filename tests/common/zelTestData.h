@@ -30,3 +30,10 @@ std::tuple<T...> zelFetch(const std::array<const char *, sizeof...(T)> &names)
 {
     return zelFetchAt<T...>(names, std::index_sequence_for<T...>());
 }
+
+// A row of a table, its values in column order:
+//     zelRow("two beeps", QStringLiteral("text"), 2);
+template <typename... T> void zelRow(const char *name, const T &...values)
+{
+    (QTest::newRow(name) << ... << values);
+}

@@ -12,15 +12,6 @@
 
 namespace {
 
-// "cmdAdd" beside the grid, "barAdd" the same button in the bar below it.
-QPushButton *button(zelGridList &g, const QString &name)
-{
-    if (name.startsWith(QLatin1String("bar")))
-        return g.findChild<QWidget *>(QStringLiteral("mpbProps"))
-            ->findChild<QPushButton *>(QStringLiteral("cmd") + name.mid(3));
-    return g.findChild<QPushButton *>(name, Qt::FindDirectChildrenOnly);
-}
-
 void makeCurrent(zelGridList &g, int row, int column = 0)
 {
     if (row < 1)
@@ -116,7 +107,7 @@ private slots:
         zelGridEvents ev;
         makeCurrent(*g, current);
         ev.watch(*g);
-        QPushButton *b = ::button(*g, button);
+        QPushButton *b = ::button(*g, qPrintable(button));
         QVERIFY(b);
         b->click();
         QCoreApplication::processEvents();
@@ -190,7 +181,7 @@ private slots:
                                            : a == QLatin1String("kUp") ? Qt::Key_Up
                                                                        : Qt::Key_Right);
             else if (kind == 'b')
-                QTest::mouseClick(button(*g, a.mid(1)), Qt::LeftButton);
+                QTest::mouseClick(button(*g, qPrintable(a.mid(1))), Qt::LeftButton);
             else if (kind == 'r')
                 ev.redirectMove = a.mid(1).toInt();
             else if (kind == 'M')

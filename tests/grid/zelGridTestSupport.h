@@ -9,6 +9,7 @@
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
+#include <QPushButton>
 #include <QStringList>
 #include <QTableView>
 #include <QTest>
@@ -53,6 +54,27 @@ inline bool showOnForm(QWidget &form, zelGridList *g)
     g->setGeometry(0, 0, 800, 400);
     form.show();
     return QTest::qWaitForWindowExposed(&form);
+}
+
+// "cmdAdd" beside the grid, "barAdd" the same button in the bar below it.
+inline QPushButton *button(zelGridList &g, const char *name)
+{
+    const QString n = QString::fromLatin1(name);
+    if (n.startsWith(QLatin1String("bar")))
+        return g.findChild<QWidget *>(QStringLiteral("mpbProps"))
+            ->findChild<QPushButton *>(QStringLiteral("cmd") + n.mid(3));
+    return g.findChild<QPushButton *>(n, Qt::FindDirectChildrenOnly);
+}
+
+// Reads every role of every cell the grid shows: a row or column the host
+// took away directly may still be shown, and reading it must not fail.
+inline void readShown(const zelGridList &g)
+{
+    const QAbstractItemModel *m = g.Grid()->model();
+    for (int r = 0; r < m->rowCount(); ++r)
+        for (int c = 0; c < m->columnCount(); ++c)
+            for (int role : {Qt::DisplayRole, Qt::BackgroundRole, Qt::CheckStateRole})
+                m->index(r, c).data(role);
 }
 
 // Empty when the grid shows every row object of Items in order, cell by
