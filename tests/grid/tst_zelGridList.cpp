@@ -228,7 +228,8 @@ private slots:
         QVERIFY(!g->RemoveItemByKey(QStringLiteral("b")));
         QCOMPARE(outOfStep(*g), QString());
         QVERIFY(g->Clear().toBool());
-        QCOMPARE(outOfStep(*g) + QString::number(g->CurrentRow()), QStringLiteral("0"));
+        QCOMPARE(outOfStep(*g), QString());
+        QCOMPARE(g->CurrentRow(), 0);
         // The first row becomes current, even without a key, and stays so
         // when a row goes in above it; the host hears of neither.
         zelGridEvents ev;
