@@ -206,18 +206,16 @@ private slots:
         ev.watch(*g);
         const QString key = position < 0 ? QStringLiteral("B") : QStringLiteral("x");
         const auto row = g->AddItem(QStringLiteral("X\t9"), key, QVariant(), lRow);
-        QTEST(order(*g), "order");
-        QCOMPARE(outOfStep(*g), QString());
+        QTEST(order(*g) + outOfStep(*g), "order");
         QCOMPARE(bool(row), position > 0);
         QVERIFY(position < 1 || g->RowData(position) == row);
         QCOMPARE(g->Items()->IndexOfKey(QStringLiteral("x")), qMax(position, 0));
         QCOMPARE(g->Items()->Item(QStringLiteral("b"))->Data(), QStringLiteral("B\t2"));
         QCOMPARE(zelLoggedErrors(QStringLiteral("zelGridRows.Move")), position ? 0 : 1);
-        QCoreApplication::processEvents();
         QCOMPARE(ev.joined(), QString());
     }
 
-    void removeAndClearKeepTheGridInStep()
+    void removingClearingAndHostChangesKeepTheGridInStep()
     {
         zelTestScope scope;
         auto g = makeList(5);
@@ -240,17 +238,11 @@ private slots:
         QCOMPARE(order(*g) + QString::number(g->CurrentRow()), QStringLiteral("MN2"));
         QCOMPARE(outOfStep(*g), QString());
         QCOMPARE(ev.joined(), QString());
-        QCOMPARE(zelLoggedErrors(), 0);
-    }
-
-    void hostChangingItemsOrColumnsDirectlyIsShownAgain()
-    {
-        zelTestScope scope;
-        auto g = makeList();
+        // The host changes Items or Columns directly, and has them shown again.
         g->Items()->Clear();
         g->Items()->Create(QString(), QStringLiteral("R\t2"));
         readShown(*g);
-        QCOMPARE(g->Refresh().toBool(), true);
+        QVERIFY(g->Refresh().toBool());
         QCOMPARE(outOfStep(*g), QString());
         g->AddItem(QStringLiteral("Q\t1"), QStringLiteral("q"), QVariant(), 1);
         QVERIFY(g->RemoveItem(2));
@@ -298,18 +290,16 @@ private slots:
         for (int r = 1; r <= 3; ++r) {
             const auto row = g->Items()->Item(r);
             const bool hit = r == changed;
-            if (method == QLatin1String("SetItem")) {
-                QCOMPARE(row->Cell(0).toString(), hit ? "N" : QString(QChar(u'A' + r - 1)));
-                QCOMPARE(row->Tag().toString(), hit ? QStringLiteral("tag") : QString());
-            } else if (method == QLatin1String("SetItemColor")) {
-                // Both cells, editable or not, show the row's colour.
-                for (int c = 0; c < 2; ++c)
-                    QCOMPARE(background(*g, r, c) == QColor(255, 0, 0), hit);
-            } else {
-                QCOMPARE(row->Checked(), hit);
-            }
-            // Keys stay with their rows.
+            // Only the method's own change, on its row; keys stay with their rows.
             QCOMPARE(g->Items()->KeyAt(r), QString(QChar(u'a' + r - 1)));
+            QCOMPARE(row->Cell(0).toString() + row->Tag().toString(),
+                     hit && method == QLatin1String("SetItem") ? "Ntag"
+                                                               : QString(QChar(u'A' + r - 1)));
+            // Both cells, editable or not, show the row's colour.
+            for (int c = 0; c < 2; ++c)
+                QCOMPARE(background(*g, r, c) == QColor(255, 0, 0),
+                         hit && method == QLatin1String("SetItemColor"));
+            QCOMPARE(row->Checked(), hit && method == QLatin1String("CheckItem"));
         }
         QCOMPARE(outOfStep(*g), QString());
         QCOMPARE(zelLoggedErrors(), 0);
@@ -369,11 +359,11 @@ private slots:
         for (const char *step :
              {"|English/&New/Remove", "deutsch|deutsch/&Neu/Abbruch", "German|German/&Neu/Abbruch",
               "GERMAN|German/&Neu/Abbruch", "french|french/&Neu/Abbruch", "|English/&New/Remove"}) {
-            const QString s = QString::fromLatin1(step);
-            g.SetLanguage(s.section(QLatin1Char('|'), 0, 0));
-            QCOMPARE(g.Language() + '/' + button(g, "cmdAdd")->text() + '/' +
-                         button(g, "barRemove")->text(),
-                     s.section(QLatin1Char('|'), 1));
+            const QStringList s = QString::fromLatin1(step).split(QLatin1Char('|'));
+            g.SetLanguage(s[0]);
+            const QString shown =
+                button(g, "cmdAdd")->text() + '/' + button(g, "barRemove")->text();
+            QCOMPARE(g.Language() + '/' + shown, s[1]);
         }
     }
 

@@ -141,9 +141,10 @@ private slots:
         ev.watch(*g);
         for (const QString &a : actions.mid(current ? 2 : 0).split(QLatin1Char(','))) {
             const QChar kind = a.at(0);
-            const QModelIndex cell =
-                g->Grid()->model()->index(a.mid(1, 1).toInt() - 1, a.mid(2, 1).toInt());
-            const QPoint at = g->Grid()->visualRect(cell).center();
+            const QPoint at = g->Grid()
+                                  ->visualRect(g->Grid()->model()->index(a.mid(1, 1).toInt() - 1,
+                                                                         a.mid(2, 1).toInt()))
+                                  .center();
             if (kind == 'c' || kind == 'm')
                 QTest::mouseClick(g->Grid()->viewport(), Qt::LeftButton,
                                   kind == 'm' ? Qt::ControlModifier : Qt::NoModifier, at);
@@ -362,10 +363,7 @@ private slots:
         const bool colour = list == QLatin1String("colour");
         const auto column = g->Columns()->Item(2);
         column->SetAllowEdit(true);
-        if (colour)
-            column->SetDataType(36);
-        else
-            column->SetComboList(list);
+        colour ? column->SetDataType(36) : column->SetComboList(list);
         g->RefreshColumns();
         scope.fake().colorDialogAccepts = !chosen.isEmpty();
         scope.fake().colorDialogAnswer = 0xFF0000;

@@ -130,16 +130,12 @@ struct zelGridEvents
     {
         on(g, &zelGridList::NewRow, "NewRow");
         on(g, &zelGridList::Delete, "Delete");
-        on(g, &zelGridList::RowMoved, "RowMoved", [this](qint32 &, qint32 &n) {
-            if (redirectMove)
-                n = redirectMove;
-        });
+        on(g, &zelGridList::RowMoved, "RowMoved",
+           [this](qint32 &, qint32 &n) { n = redirectMove ? redirectMove : n; });
         on(g, &zelGridList::Edit, "Edit");
         on(g, &zelGridList::EditCell, "EditCell");
-        on(g, &zelGridList::EditCellByRef, "EditCellByRef", [this](qint32 &, qint32 &, QString &t) {
-            if (!replaceText.isEmpty())
-                t = replaceText;
-        });
+        on(g, &zelGridList::EditCellByRef, "EditCellByRef",
+           [this](qint32 &, qint32 &, QString &t) { t = replaceText.isEmpty() ? t : replaceText; });
         on(g, &zelGridList::SelectedItem, "SelectedItem");
         on(g, &zelGridList::DblClick, "DblClick");
         on(g, &zelGridList::BeforeEdit, "BeforeEdit",
