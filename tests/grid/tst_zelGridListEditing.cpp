@@ -189,10 +189,8 @@ private slots:
                 {"selected", "row", "selectedAfter", "events"});
         zelTestScope scope;
         auto g = makeList(5);
-        if (selected.size() > 1) {
-            g->SetMultiSelect(true);
-            g->Grid()->selectionModel()->clear();
-        }
+        g->SetMultiSelect(selected.size() > 1);
+        g->Grid()->selectionModel()->clear();
         for (const QChar k : selected)
             g->SelectItem(QString(k));
         QCoreApplication::processEvents();
