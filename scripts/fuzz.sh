@@ -12,21 +12,9 @@ targets=("$@")
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 
-missing=()
-for p in clang-14 libclang-rt-14-dev; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    echo "Installing: ${missing[*]}"
-    sudo=""
-    [ "$(id -u)" -eq 0 ] || sudo="sudo"
-    $sudo apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
-fi
+bash scripts/setup-deps.sh clang-14 libclang-rt-14-dev
 
-launcher=()
-command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-cmake --preset fuzz "${launcher[@]}" >/dev/null
+cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz -j2 >/dev/null
 
 out="$root/build-fuzz/findings"

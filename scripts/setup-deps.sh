@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Installs with apt-get everything the build, the tests, the Designer plugin,
-# the benchmarks and the sanitizer build use that the machine lacks.
+# the benchmarks and the sanitizer build use that the machine lacks; given
+# package names, those instead (scripts/fuzz.sh asks for its compiler so).
 set -euo pipefail
-pkgs=(g++ cmake ninja-build git pkg-config ccache ca-certificates
+pkgs=("$@")
+[ ${#pkgs[@]} -gt 0 ] || pkgs=(g++ cmake ninja-build git pkg-config ccache ca-certificates
       qt6-base-dev libgl-dev                # the library, tests, gallery
       qt6-tools-dev qt6-tools-dev-tools     # the Designer plugin and its test
       libqt6opengl6-dev                     # Debian's Designer CMake package needs it
