@@ -10,9 +10,6 @@
 #include "fields/zelOleDate.h"
 
 #include <QDateTimeEdit>
-#include <QLineEdit>
-
-ZEL_FUZZ_INIT
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {

@@ -7,10 +7,6 @@
 
 #include "fields/zelInputBox.h"
 
-#include <QLineEdit>
-
-ZEL_FUZZ_INIT
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static auto *box = new zelInputBox;

@@ -5,11 +5,8 @@
 #include "zelFuzzSupport.h"
 
 #include "platform/zelLateBinding.h"
-#include "platform/zelPropertyBag.h"
 
 #include <QMetaProperty>
-
-ZEL_FUZZ_INIT
 
 namespace {
 
@@ -29,14 +26,10 @@ QList<QByteArray> ownProperties(const QObject *o)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const auto &objects = zelfuzz::Objects();
     zelfuzz::Bytes in(data, size);
-    QObject *o = objects[in.Byte() % objects.size()];
-    if (auto *p = dynamic_cast<zelPersistable *>(o)) {
-        zelMemoryPropertyBag none;
-        p->InitProperties();
-        p->ReadProperties(none);
-    }
+    QObject *o = zelfuzz::objects[in.Byte() % zelfuzz::objects.size()];
+    if (auto *p = dynamic_cast<zelPersistable *>(o))
+        zelfuzz::Reset(p);
     const QList<QByteArray> names = ownProperties(o);
     for (int n = 0; n < 8 && size > 0; ++n) {
         const uint8_t pick = in.Byte();

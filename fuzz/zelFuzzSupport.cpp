@@ -2,14 +2,12 @@
 
 #include "platform/zelObjectFactory.h"
 #include "platform/zelPlatform.h"
-#include "platform/zelPropertyBag.h"
 
 #include <QApplication>
 #include <QColor>
 #include <QDateTime>
 #include <QKeyEvent>
 #include <QRect>
-#include <QWidget>
 
 #include <bit>
 #include <cstdio>
@@ -46,11 +44,11 @@ public:
     {}
 };
 
+std::vector<zelPersistable *> controls; // the objects that keep properties
+
 } // namespace
 
-namespace zelfuzz {
-
-int Init(int *argc, char ***argv)
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("ZEL_USER_SETTINGS", "/nonexistent/zelfuzz-user.ini");
@@ -59,42 +57,33 @@ int Init(int *argc, char ***argv)
     zel::SetPlatform(std::make_unique<QuietPlatform>());
     zel::RegisterProgId(QStringLiteral("zelFuzz.Logger"),
                         [](QObject *parent) { return new Logger(parent); });
-    Objects(); // made before the first input, so they are no leak of it
+    // Made before the first input, so they are no leak of it; widgets have no parent.
+    for (const QString &id : zel::RegisteredProgIds())
+        if (id.startsWith(QLatin1String("zelCtrl."))) {
+            zelfuzz::objects.push_back(zel::CreateObject(id, qApp));
+            if (auto *p = dynamic_cast<zelPersistable *>(zelfuzz::objects.back()))
+                controls.push_back(p);
+        }
     return 0;
 }
 
-const std::vector<QObject *> &Objects()
+namespace zelfuzz {
+
+void Reset(zelPersistable *p)
 {
-    static const std::vector<QObject *> objects = [] {
-        std::vector<QObject *> all;
-        for (const QString &id : zel::RegisteredProgIds())
-            if (id.startsWith(QLatin1String("zelCtrl.")))
-                all.push_back(zel::CreateObject(id, qApp)); // widgets have no parent
-        return all;
-    }();
-    return objects;
+    zelMemoryPropertyBag none;
+    p->InitProperties();
+    p->ReadProperties(none);
 }
 
 void ReadIntoControl(zelPropertyBag &bag, size_t pick)
 {
-    static const std::vector<zelPersistable *> controls = [] {
-        std::vector<zelPersistable *> all;
-        for (QObject *o : Objects())
-            if (auto *p = dynamic_cast<zelPersistable *>(o))
-                all.push_back(p);
-        return all;
-    }();
     zelPersistable *p = controls[pick % controls.size()];
-    const auto reset = [p] {
-        zelMemoryPropertyBag none;
-        p->InitProperties();
-        p->ReadProperties(none);
-    };
-    reset();
+    Reset(p);
     p->ReadProperties(bag);
     zelJsonPropertyBag saved, again;
     p->WriteProperties(saved);
-    reset();
+    Reset(p);
     p->ReadProperties(saved);
     p->WriteProperties(again);
     Check(saved.Object() == again.Object(), "a saved control reads back differently");
@@ -102,10 +91,10 @@ void ReadIntoControl(zelPropertyBag &bag, size_t pick)
 
 void Check(bool ok, const char *what)
 {
-    if (ok)
-        return;
-    std::fprintf(stderr, "zelfuzz: %s\n", what);
-    std::abort();
+    if (!ok) {
+        std::fprintf(stderr, "zelfuzz: %s\n", what);
+        std::abort();
+    }
 }
 
 void Type(QWidget *w, const QString &text)
@@ -172,7 +161,7 @@ QVariant Bytes::Variant()
     case 16: return QPoint(small(), small());
     case 17: return QRect(small(), small(), small(), small());
     case 18: return QColor(Byte(), Byte(), Byte());
-    default: return QVariant::fromValue(Objects().empty() ? nullptr : Objects()[Byte() % Objects().size()]);
+    default: return QVariant::fromValue(objects.empty() ? nullptr : objects[Byte() % objects.size()]);
     }
 }
 

@@ -2,27 +2,26 @@
 
 // What the fuzz targets share: an offscreen application with a quiet
 // platform (no message boxes, beeps or focus moves) and a logger that drops
-// what it is sent, every registered class created once and reused across
-// inputs, and readers that turn fuzz bytes into values and keystrokes.
+// what it is sent, set up by LLVMFuzzerInitialize (defined with these);
+// every registered class created once and reused across inputs; readers that
+// turn fuzz bytes into values and keystrokes.
 
-#include <QObject>
-#include <QString>
+#include "platform/zelPropertyBag.h"
+
+#include <QLineEdit>
 #include <QVariant>
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
-class QWidget;
-class zelPropertyBag;
-
 namespace zelfuzz {
 
-// Called from LLVMFuzzerInitialize.
-int Init(int *argc, char ***argv);
+// One object of every class registered under "zelCtrl.", in name order,
+// made before the first input.
+inline std::vector<QObject *> objects;
 
-// One object of every class registered under "zelCtrl.", in name order.
-const std::vector<QObject *> &Objects();
+// Puts p back to its defaults.
+void Reset(zelPersistable *p);
 
 // Reads bag into one of the controls that keep properties (pick chooses,
 // so that every control is reached across inputs at the cost of one load),
@@ -60,9 +59,3 @@ private:
 };
 
 } // namespace zelfuzz
-
-#define ZEL_FUZZ_INIT                                                                              \
-    extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)                                   \
-    {                                                                                              \
-        return zelfuzz::Init(argc, argv);                                                          \
-    }

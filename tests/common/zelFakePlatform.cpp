@@ -66,3 +66,15 @@ bool zelShowActive(QWidget &form)
     QApplication::setActiveWindow(&form);
     return QTest::qWaitForWindowActive(&form);
 }
+
+void zelTypeKeys(QWidget *w, const QString &text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype n = text[i].isHighSurrogate() ? 2 : 1;
+        if (text[i].unicode() < 128)
+            QTest::keyClick(w, text[i].toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, text.mid(i, n), Qt::NoModifier);
+        i += n - 1;
+    }
+}

@@ -110,3 +110,7 @@ int zelLoggedErrors(const QString &source = QString());
 
 // Shows a form and makes it the active window, as a user's form is.
 bool zelShowActive(QWidget &form);
+
+// Types text key by key; a character beyond ASCII (a surrogate pair as one)
+// goes as a key press without a key code, as an input method sends it.
+void zelTypeKeys(QWidget *w, const QString &text);

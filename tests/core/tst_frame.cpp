@@ -67,7 +67,7 @@ private slots:
 
     void layout_data()
     {
-        // labels: prefix and suffix text, "|" between
+        // labels: prefix and suffix text, "|" between, a shown label in brackets
         zelColumns<zelFrameProps, int, QString, QRect, int>(
             {"props", "inner", "labels", "input", "suffixLeft"});
         auto row = [](const char *name, const zelFrameProps &p, int inner, const char *labels,
@@ -78,29 +78,29 @@ private slots:
         row("bare", {}, 3000, "|", QRect(0, 0, 3000, 315), 3000);
         row("empty prefix with colon hides label", {.PrefixColon = true}, 3000, "|",
             QRect(0, 0, 3000, 315), 3000);
-        row("prefix with colon", {.Prefix = "Name", .PrefixColon = true}, 3000, "Name:|",
+        row("prefix with colon", {.Prefix = "Name", .PrefixColon = true}, 3000, "[Name:]|",
             QRect(560, 0, 2440, 315), 3000);
-        row("fixed empty prefix still visible", {.PrefixWidth = 1200}, 3000, "|",
+        row("fixed empty prefix still visible", {.PrefixWidth = 1200}, 3000, "[]|",
             QRect(1260, 0, 1740, 315), 3000);
-        row("suffix with parens", {.Suffix = m, .SuffixParens = true}, 3000, "|(m)",
+        row("suffix with parens", {.Suffix = m, .SuffixParens = true}, 3000, "|[(m)]",
             QRect(0, 0, 2640, 315), 2700);
         row("empty suffix with parens adds nothing", {.SuffixParens = true}, 3000, "|",
             QRect(0, 0, 3000, 315), 3000);
-        row("fixed suffix width", {.Prefix = "A", .Suffix = "B", .SuffixWidth = 500}, 3000, "A|B",
-            QRect(160, 0, 2280, 315), 2500);
-        row("input never below 400", {.PrefixWidth = 900}, 1000, "|", QRect(960, 0, 400, 315),
+        row("fixed suffix width", {.Prefix = "A", .Suffix = "B", .SuffixWidth = 500}, 3000,
+            "[A]|[B]", QRect(160, 0, 2280, 315), 2500);
+        row("input never below 400", {.PrefixWidth = 900}, 1000, "[]|", QRect(960, 0, 400, 315),
             1000);
         row("both labels squeeze to 400", {.Prefix = "Prefix", .Suffix = "Suffix"}, 1000,
-            "Prefix|Suffix", QRect(660, 0, 400, 315), 400);
+            "[Prefix]|[Suffix]", QRect(660, 0, 400, 315), 400);
     }
 
     void layout()
     {
         const auto [props, inner] = zelFetch<zelFrameProps, int>({"props", "inner"});
         const zelFrameLayout l = zelLayoutFrame(props, inner, fixedWidth);
-        QTEST(QString(l.PrefixText + '|' + l.SuffixText), "labels");
-        QCOMPARE(l.PrefixVisible, !l.PrefixText.isEmpty() || props.PrefixWidth);
-        QCOMPARE(l.SuffixVisible, !l.SuffixText.isEmpty());
+        auto shown = [](const QString &text, bool on) { return on ? '[' + text + ']' : text; };
+        QTEST(shown(l.PrefixText, l.PrefixVisible) + '|' + shown(l.SuffixText, l.SuffixVisible),
+              "labels");
         QTEST(l.InputRect, "input");
         QTEST(l.SuffixRect.left(), "suffixLeft");
         QCOMPARE(l.PrefixRect.topLeft(), QPoint(0, 60));

@@ -84,22 +84,21 @@ private slots:
 
     void raiseRules_data()
     {
-        zelColumns<int, QString, QString, bool, bool, QString>(
-            {"conDebug", "trail", "errSource", "raise", "raised", "raisedSource"});
+        // raised: the source of the error raised, "" for none
+        zelColumns<int, QString, QString, bool, QString>(
+            {"conDebug", "trail", "errSource", "raise", "raised"});
+        auto row = [](const char *name, int conDebug, const QString &trail, const char *errSource,
+                      bool raise, const QString &raised) {
+            QTest::newRow(name) << conDebug << trail << QString(errSource) << raise << raised;
+        };
         const QString term = QStringLiteral("zelFileList.Class_Terminate");
-        QTest::newRow("no raise flag") << 0 << "a.b"
-                                       << "" << false << false << "";
-        QTest::newRow("raise, empty source") << 0 << "a.b"
-                                             << "" << true << true << "a.b";
-        QTest::newRow("raise extends trail") << 0 << "a.b"
-                                             << "c.d" << true << true << "a.b::c.d";
-        QTest::newRow("ConDebug 2 swallows") << 2 << "a.b"
-                                             << "c.d" << true << false << "";
-        QTest::newRow("ConDebug 1 still raises") << 1 << "a.b"
-                                                 << "" << true << true << "a.b";
-        QTest::newRow("terminate, empty source") << 0 << term << "" << true << false << "";
-        QTest::newRow("terminate, with source raises")
-            << 0 << term << "x.y" << true << true << term + QStringLiteral("::x.y");
+        row("no raise flag", 0, "a.b", "", false, "");
+        row("raise, empty source", 0, "a.b", "", true, "a.b");
+        row("raise extends trail", 0, "a.b", "c.d", true, "a.b::c.d");
+        row("ConDebug 2 swallows", 2, "a.b", "c.d", true, "");
+        row("ConDebug 1 still raises", 1, "a.b", "", true, "a.b");
+        row("terminate, empty source", 0, term, "", true, "");
+        row("terminate, with source raises", 0, term, "x.y", true, term + "::x.y");
     }
 
     void raiseRules()
@@ -108,16 +107,15 @@ private slots:
             zelFetch<int, QString, QString, bool>({"conDebug", "trail", "errSource", "raise"});
         zelTestScope scope;
         scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
-        bool didRaise = false;
+        QString raised;
         try {
             mLog::ErrorLog(trail, zelError(9, errSource, QStringLiteral("desc")), QString(), raise);
         } catch (const zelError &e) {
-            didRaise = true;
-            QTEST(e.Source(), "raisedSource");
+            raised = e.Source();
             QCOMPARE(e.Number(), 9);
             QCOMPARE(e.Description(), "desc");
         }
-        QTEST(didRaise, "raised");
+        QTEST(raised, "raised");
         // Only in debug mode is the message shown to a developer.
         QCOMPARE(scope.fake().messages.size(), conDebug != 0 ? 1 : 0);
         for (const auto &m : std::as_const(scope.fake().messages))

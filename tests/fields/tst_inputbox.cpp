@@ -72,6 +72,11 @@ private slots:
         row("text takes anything", 8, 0, "", "a-1.b.", "a-1.b.");
         row("illegal chars in text", 8, 0, "/\\", "a/b\\c", "abc", 2);
         row("illegal chars in numbers", 5, 2, "5", "151", "11", 1);
+        // Characters that a 16-bit KeyAscii holds as a negative number, and
+        // those beyond 16 bits, are checked like any other.
+        row("wide refused in numbers", 5, 0, "", "1\uac002\ufffd\U0001F600", "12");
+        row("wide typed into text", 8, 0, "", "a\uac00\U0001F600", "a\uac00\U0001F600");
+        row("wide illegal in text", 8, 0, "\uac00", "a\uac00b", "ab", 1);
     }
 
     void typingFollowsDataType()
@@ -84,40 +89,9 @@ private slots:
         box.SetDecimals(decimals);
         box.SetIllegalChars(illegal);
         box.SetText(QString());
-        QTest::keyClicks(input(box), typed);
+        zelTypeKeys(input(box), typed);
         QTEST(box.Text(), "expected");
         QTEST(scope.fake().beeps, "beeps");
-    }
-
-    // Characters that a 16-bit KeyAscii holds as a negative number, and those
-    // beyond 16 bits, are checked like any other.
-    void typingWideCharacters_data()
-    {
-        QTest::addColumn<int>("dataType");
-        QTest::addColumn<QString>("illegal");
-        QTest::addColumn<QStringList>("keys"); // the text of each key press
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("refused in numbers")
-            << 5 << QString() << QStringList{"1", "\uac00", "2", "\ufffd", "\U0001F600"} << "12";
-        QTest::newRow("typed into text")
-            << 8 << QString() << QStringList{"a", "\uac00", "\U0001F600"} << "a\uac00\U0001F600";
-        QTest::newRow("illegal in text")
-            << 8 << QString("\uac00") << QStringList{"a", "\uac00", "b"} << "ab";
-    }
-
-    void typingWideCharacters()
-    {
-        QFETCH(int, dataType);
-        QFETCH(QString, illegal);
-        QFETCH(QStringList, keys);
-        zelTestScope scope;
-        zelInputBox box;
-        box.SetDataType(dataType);
-        box.SetIllegalChars(illegal);
-        box.SetText(QString());
-        for (const QString &k : keys)
-            QTest::sendKeyEvent(QTest::Click, input(box), Qt::Key_unknown, k, Qt::NoModifier);
-        QTEST(box.Text(), "expected");
     }
 
     void decimalsStayBelowMaxLength_data()
