@@ -29,6 +29,22 @@ QString outcome(const std::function<QVariant()> &f)
     }
 }
 
+using Case = std::pair<QVariant, const char *>;
+
+// A value given and the outcome expected of it.
+Case as(const QVariant &v, const char *expected)
+{
+    return {v, expected};
+}
+
+// Rows of a conversion or a locale: what it is given and what it answers.
+void rows(const char *first, std::initializer_list<Case> cases)
+{
+    for (const auto &[v, expected] : cases)
+        QTest::addRow("%s %s %s", first, v.typeName(), qPrintable(v.toString()))
+            << QString(first) << v << QString(expected);
+}
+
 } // namespace
 
 class tst_Convert : public QObject
@@ -39,59 +55,28 @@ private slots:
     void conversions_data()
     {
         zelColumns<QString, QVariant, QString>({"to", "value", "expected"});
-        auto row = [](const char *to, const QVariant &v, const char *expected) {
-            QTest::newRow(
-                qPrintable(QStringLiteral("%1 %2 %3").arg(to, v.typeName(), v.toString())))
-                << QString(to) << v << QString(expected);
-        };
         // Whole numbers: a half goes to the even neighbour; beyond the width is
         // an overflow; True is -1.
-        row("CInt", 2.5, "2");
-        row("CInt", 3.5, "4");
-        row("CInt", -2.5, "-2");
-        row("CInt", "12", "12");
-        row("CInt", " 7.5 ", "8");
-        row("CInt", true, "-1");
-        row("CInt", 32767.4, "32767");
-        row("CInt", 32767.5, "error 6");
-        row("CInt", -32768.5, "-32768");
-        row("CInt", 70000, "error 6");
-        row("CInt", "abc", "error 13");
-        row("CInt", "", "error 13");
-        row("CInt", QPoint(1, 2), "error 13");
-        row("CLng", 2147483647, "2147483647");
-        row("CLng", 2147483647.5, "error 6");
-        row("CLng", -2147483648.0, "-2147483648");
-        row("CLng", 1e12, "error 6");
-        row("CLng", "1e3", "1000");
-        row("CDbl", "1.5", "1.5");
-        row("CDbl", false, "0");
-        row("CDbl", "1,5x", "error 13");
-        row("CSng", 0.5, "0.5");
-        row("CSng", 1e300, "error 6");
-        row("CBool", "True", "true");
-        row("CBool", "false", "false");
-        row("CBool", 0, "false");
-        row("CBool", -2.5, "true");
-        row("CBool", "0", "false");
-        row("CBool", "maybe", "error 13");
-        row("CStr", true, "True");
-        row("CStr", false, "False");
-        row("CStr", 2.5, "2.5");
-        row("CStr", QVariantMap{{"a", 1}}, "error 13");
+        rows("CInt", {as(2.5, "2"), as(3.5, "4"), as(-2.5, "-2"), as("12", "12"), as(" 7.5 ", "8"),
+                      as(true, "-1"), as(32767.4, "32767"), as(32767.5, "error 6"),
+                      as(-32768.5, "-32768"), as(70000, "error 6"), as("abc", "error 13"),
+                      as("", "error 13"), as(QPoint(1, 2), "error 13")});
+        rows("CLng", {as(2147483647, "2147483647"), as(2147483647.5, "error 6"),
+                      as(-2147483648.0, "-2147483648"), as(1e12, "error 6"), as("1e3", "1000")});
+        rows("CDbl", {as("1.5", "1.5"), as(false, "0"), as("1,5x", "error 13")});
+        rows("CSng", {as(0.5, "0.5"), as(1e300, "error 6")});
+        rows("CBool", {as("True", "true"), as("false", "false"), as(0, "false"), as(-2.5, "true"),
+                       as("0", "false"), as("maybe", "error 13")});
+        rows("CStr", {as(true, "True"), as(false, "False"), as(2.5, "2.5"),
+                      as(QVariantMap{{"a", 1}}, "error 13")});
         // Colours 0x00BBGGRR; the high bit names a system colour, also in its
         // negative 32-bit form.
-        row("CColour", 0x123456, "1193046");
-        row("CColour", QColor(0x11, 0x22, 0x33), "3351057");
-        row("CColour", qint32(-2147483633), "2147483663");
-        row("CColour", 0x01000000, "error 380");
-        row("CColour", 1e12, "error 6");
-        row("CColour", "red", "error 13");
+        rows("CColour", {as(0x123456, "1193046"), as(QColor(0x11, 0x22, 0x33), "3351057"),
+                         as(qint32(-2147483633), "2147483663"), as(0x01000000, "error 380"),
+                         as(1e12, "error 6"), as("red", "error 13")});
         // The leading number of a text.
-        row("Val", "12abc", "12");
-        row("Val", "abc", "0");
-        row("Val", "  -3.25 m", "-3.25");
-        row("Val", "1.5.3", "1.5");
+        rows("Val",
+             {as("12abc", "12"), as("abc", "0"), as("  -3.25 m", "-3.25"), as("1.5.3", "1.5")});
     }
 
     void conversions()
@@ -143,24 +128,15 @@ private slots:
     void textsAsDates_data()
     {
         zelColumns<QString, QVariant, QString>({"locale", "value", "expected"});
-        auto row = [](const char *locale, const QVariant &v, const char *expected) {
-            QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(locale, v.toString())))
-                << QString(locale) << v << QString(expected);
-        };
-        row("en_US", "1/2/1950", "1950-01-02T00:00:00");
-        row("en_US", "1-2-50", "1950-01-02T00:00:00");
-        row("en_US", "1.2.30", "1930-01-02T00:00:00");
-        row("en_US", "1 2 29", "2029-01-02T00:00:00");
-        row("en_US", "1950-01-02", "1950-01-02T00:00:00");
-        row("en_US", "31/02/2020", "error 13");
-        row("en_US", "2/31/2020", "error 13");
-        row("en_US", "soon", "error 13");
-        row("de_DE", "2.1.1950", "1950-01-02T00:00:00");
-        row("de_DE", "1/2/1950", "1950-02-01T00:00:00");
-        row("en_US", QDate(2021, 3, 4), "2021-03-04T00:00:00");
-        row("en_US", QTime(6, 30), "1899-12-30T06:30:00");
-        row("en_US", 18265.25, "1950-01-02T06:00:00");
-        row("en_US", QPoint(1, 2), "error 13");
+        rows("en_US", {as("1/2/1950", "1950-01-02T00:00:00"), as("1-2-50", "1950-01-02T00:00:00"),
+                       as("1.2.30", "1930-01-02T00:00:00"), as("1 2 29", "2029-01-02T00:00:00"),
+                       as("1950-01-02", "1950-01-02T00:00:00"), as("31/02/2020", "error 13"),
+                       as("2/31/2020", "error 13"), as("soon", "error 13")});
+        rows("de_DE",
+             {as("2.1.1950", "1950-01-02T00:00:00"), as("1/2/1950", "1950-02-01T00:00:00")});
+        rows("en_US",
+             {as(QDate(2021, 3, 4), "2021-03-04T00:00:00"), as(QTime(6, 30), "1899-12-30T06:30:00"),
+              as(18265.25, "1950-01-02T06:00:00"), as(QPoint(1, 2), "error 13")});
     }
 
     void textsAsDates()
