@@ -40,35 +40,32 @@ class tst_Platform : public QObject
 private slots:
     void factoryCreatesRegisteredClassesIgnoringCase()
     {
-        std::unique_ptr<QObject> box(zel::CreateObject(QStringLiteral("ZELCTRL.zelinputbox")));
+        std::unique_ptr<QObject> box(zel::CreateObject("ZELCTRL.zelinputbox"));
         QVERIFY(box);
         QCOMPARE(box->metaObject()->className(), "zelInputBox");
-        QVERIFY(zel::RegisteredProgIds().contains(QStringLiteral("zelCtrl.zelInputBox")));
+        QVERIFY(zel::RegisteredProgIds().contains("zelCtrl.zelInputBox"));
         // Unknown, empty or failing identifiers answer nothing.
-        zel::RegisterProgId(QStringLiteral("zelTest.Throws"),
+        zel::RegisterProgId("zelTest.Throws",
                             [](QObject *) -> QObject * { throw std::runtime_error("no"); });
-        for (const QString &id :
-             {QStringLiteral("zelCtrl.NoSuchThing"), QString(), QStringLiteral("zelTest.Throws")})
+        for (const QString &id : QStringList{"zelCtrl.NoSuchThing", QString(), "zelTest.Throws"})
             QCOMPARE(zel::CreateObject(id), nullptr);
-        zel::UnregisterProgId(QStringLiteral("zelTest.Throws"));
+        zel::UnregisterProgId("zelTest.Throws");
     }
 
     void loggerPluginWritesOneLinePerMessage()
     {
         QTemporaryDir dir;
-        const QString log = dir.filePath(QStringLiteral("zel.log"));
+        const QString log = dir.filePath("zel.log");
         qputenv("ZEL_LOG_FILE", log.toLocal8Bit());
         qputenv("ZEL_PLUGIN_PATH", QByteArray(ZEL_TEST_PLUGIN_DIR));
 
-        std::unique_ptr<QObject> logger(zel::CreateObject(QStringLiteral("zelLog.zelHandler")));
+        std::unique_ptr<QObject> logger(zel::CreateObject("zelLog.zelHandler"));
         QVERIFY2(logger, "the logger plugin was not found on the plugin path");
 
         // The log as hosts run it: the default logger identifier, no fake.
         mLog::Reset();
-        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"),
-                       zelError(13, QStringLiteral("inner")), QStringLiteral("Reading"), false);
-        mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
-                       QStringLiteral("1"));
+        mLog::ErrorLog("zelInputBox.Value Let", zelError(13, "inner"), "Reading", false);
+        mLog::TraceLog("zelGridList.SizeColZero", "lSizeCol = ", "1");
         mLog::Reset();
 
         QFile f(log);
@@ -79,7 +76,7 @@ private slots:
         QCOMPARE(lines[0].split(QLatin1Char('\t')).mid(1),
                  (QStringList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let::inner",
                               "13", "Type mismatch", "Reading"}));
-        QVERIFY(lines[1].contains(QStringLiteral("lSizeCol = ")));
+        QVERIFY(lines[1].contains("lSizeCol = "));
         qunsetenv("ZEL_LOG_FILE");
         qunsetenv("ZEL_PLUGIN_PATH");
     }
@@ -89,29 +86,28 @@ private slots:
         zelTestScope scope;
         Target t;
         bool ok = false;
-        QCOMPARE(zel::CallByName(&t, QStringLiteral("add"), {2, 3}, &ok).toInt(), 5);
+        QCOMPARE(zel::CallByName(&t, "add", {2, 3}, &ok).toInt(), 5);
         QVERIFY(ok);
-        QCOMPARE(zel::CallByName(&t, QStringLiteral("Add"), {2}, &ok).toInt(),
+        QCOMPARE(zel::CallByName(&t, "Add", {2}, &ok).toInt(),
                  12); // default argument
         QVariantList args{QVariant(21)};
-        zel::CallByName(&t, QStringLiteral("Twice"), args, &ok);
+        zel::CallByName(&t, "Twice", args, &ok);
         QVERIFY(ok);
         QCOMPARE(args[0].toInt(), 42); // by reference
-        QCOMPARE(zel::CallByName(&t, QStringLiteral("Echo"), {QStringLiteral("x")}).toString(),
-                 "x");
-        QVERIFY(zel::SetProperty(&t, QStringLiteral("count"), 7));
-        QCOMPARE(zel::GetProperty(&t, QStringLiteral("COUNT")).toInt(), 7);
-        QVERIFY(!zel::GetProperty(&t, QStringLiteral("Missing")).isValid());
+        QCOMPARE(zel::CallByName(&t, "Echo", {"x"}).toString(), "x");
+        QVERIFY(zel::SetProperty(&t, "count", 7));
+        QCOMPARE(zel::GetProperty(&t, "COUNT").toInt(), 7);
+        QVERIFY(!zel::GetProperty(&t, "Missing").isValid());
         QCOMPARE(zelCaptureLogger::errors.size(), 0);
         // What a script gets wrong is logged under the member it named, and
         // changes nothing.
-        zel::CallByName(&t, QStringLiteral("NoSuchMethod"), {}, &ok);
+        zel::CallByName(&t, "NoSuchMethod", {}, &ok);
         QVERIFY(!ok);
-        zel::CallByName(&t, QStringLiteral("Add"), {QStringLiteral("not a number"), 1}, &ok);
+        zel::CallByName(&t, "Add", {"not a number", 1}, &ok);
         QVERIFY(!ok);
-        zel::CallByName(&t, QStringLiteral("Add"), {1, 2, 3});
-        QVERIFY(!zel::SetProperty(&t, QStringLiteral("Missing"), 1));
-        QVERIFY(!zel::SetProperty(&t, QStringLiteral("Count"), QVariantMap{{"a", 1}}));
+        zel::CallByName(&t, "Add", {1, 2, 3});
+        QVERIFY(!zel::SetProperty(&t, "Missing", 1));
+        QVERIFY(!zel::SetProperty(&t, "Count", QVariantMap{{"a", 1}}));
         QCOMPARE(t.Count(), 7);
         QStringList logged;
         for (const QVariantList &e : std::as_const(zelCaptureLogger::errors))
@@ -123,27 +119,23 @@ private slots:
     void settingsFilesAreReadWithFallback()
     {
         QTemporaryDir dir;
-        const QString user = dir.filePath(QStringLiteral("user.ini"));
-        const QString machine = dir.filePath(QStringLiteral("machine.ini"));
+        const QString user = dir.filePath("user.ini");
+        const QString machine = dir.filePath("machine.ini");
         {
             QSettings u(user, QSettings::IniFormat);
-            u.setValue(QStringLiteral("Common/ConDebug"), 1);
+            u.setValue("Common/ConDebug", 1);
             QSettings m(machine, QSettings::IniFormat);
-            m.setValue(QStringLiteral("Common/ConDebug"), 0);
-            m.setValue(QStringLiteral("Common/ConTrack"), 3);
-            m.setValue(QStringLiteral("Common/ErrorLogger"), QStringLiteral("my.Logger"));
+            m.setValue("Common/ConDebug", 0);
+            m.setValue("Common/ConTrack", 3);
+            m.setValue("Common/ErrorLogger", "my.Logger");
         }
         qputenv("ZEL_USER_SETTINGS", user.toLocal8Bit());
         qputenv("ZEL_MACHINE_SETTINGS", machine.toLocal8Bit());
         mLog::Reset();
-        QCOMPARE(mLog::ConDebug(), 1);
-        QCOMPARE(mLog::ConTrace(), 0);
-        QCOMPARE(mLog::ConTrack(), 3);
-        QCOMPARE(
-            zel::platform()
-                .ReadSetting(zel::SettingsScope::Machine, QStringLiteral("ErrorLogger"), QString())
-                .toString(),
-            "my.Logger");
+        const QVariant logger =
+            zel::platform().ReadSetting(zel::SettingsScope::Machine, "ErrorLogger", QString());
+        QCOMPARE((QVariantList{mLog::ConDebug(), mLog::ConTrace(), mLog::ConTrack(), logger}),
+                 (QVariantList{1, 0, 3, "my.Logger"}));
         mLog::Reset();
         qunsetenv("ZEL_USER_SETTINGS");
         qunsetenv("ZEL_MACHINE_SETTINGS");
@@ -152,24 +144,24 @@ private slots:
     void propertyBagsDropDefaultsAndSurviveCorruptFiles()
     {
         zelMemoryPropertyBag memory;
-        memory.WriteProperty(QStringLiteral("Margin"), 60, 60);
-        memory.WriteProperty(QStringLiteral("Decimals"), qint16(2), 2.0);
-        memory.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("x"), QString());
+        memory.WriteProperty("Margin", 60, 60);
+        memory.WriteProperty("Decimals", qint16(2), 2.0);
+        memory.WriteProperty("Prefix", "x", QString());
         QCOMPARE(memory.Count(), 1); // values equal to their defaults are not stored
         // Writing the default again removes an earlier value.
-        memory.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
+        memory.WriteProperty("Prefix", QString(), QString());
         QCOMPARE(memory.Count(), 0);
 
         QTemporaryDir dir;
-        const QString file = dir.filePath(QStringLiteral("form.json"));
+        const QString file = dir.filePath("form.json");
         zelJsonPropertyBag out;
-        out.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Breite"), QString());
-        out.WriteProperty(QStringLiteral("ValueMax"), 10.5, 0.0);
+        out.WriteProperty("Prefix", "Breite", QString());
+        out.WriteProperty("ValueMax", 10.5, 0.0);
         QVERIFY(out.Save(file));
         zelJsonPropertyBag in;
         QVERIFY(in.Load(file));
-        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QString()).toString(), "Breite");
-        QCOMPARE(in.ReadProperty(QStringLiteral("ValueMax"), 0.0).toDouble(), 10.5);
+        QCOMPARE(in.ReadProperty("Prefix", QString()).toString(), "Breite");
+        QCOMPARE(in.ReadProperty("ValueMax", 0.0).toDouble(), 10.5);
 
         QFile f(file);
         QVERIFY(f.open(QIODevice::WriteOnly));
@@ -178,42 +170,37 @@ private slots:
         QString why;
         QVERIFY(!in.Load(file, &why));
         QVERIFY(!why.isEmpty());
-        QCOMPARE(in.ReadProperty(QStringLiteral("Prefix"), QStringLiteral("def")).toString(),
-                 "def");
-        QVERIFY(!in.Load(dir.filePath(QStringLiteral("missing.json"))));
+        QCOMPARE(in.ReadProperty("Prefix", "def").toString(), "def");
+        QVERIFY(!in.Load(dir.filePath("missing.json")));
 
         // A QSettings group keeps its keys apart from other groups' and
         // drops a value written back to its default.
-        QSettings store(dir.filePath(QStringLiteral("form.ini")), QSettings::IniFormat);
-        zelSettingsPropertyBag first(store, QStringLiteral("inpWidth"));
-        zelSettingsPropertyBag second(store, QStringLiteral("inpHeight"));
-        first.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Width"), QString());
-        second.WriteProperty(QStringLiteral("Prefix"), QStringLiteral("Height"), QString());
-        QCOMPARE(first.ReadProperty(QStringLiteral("Prefix"), QString()).toString(), "Width");
-        first.WriteProperty(QStringLiteral("Prefix"), QString(), QString());
-        QVERIFY(!store.contains(QStringLiteral("inpWidth/Prefix")));
-        QCOMPARE(store.value(QStringLiteral("inpHeight/Prefix")).toString(), "Height");
+        QSettings store(dir.filePath("form.ini"), QSettings::IniFormat);
+        zelSettingsPropertyBag first(store, "inpWidth");
+        zelSettingsPropertyBag second(store, "inpHeight");
+        first.WriteProperty("Prefix", "Width", QString());
+        second.WriteProperty("Prefix", "Height", QString());
+        QCOMPARE(first.ReadProperty("Prefix", QString()).toString(), "Width");
+        first.WriteProperty("Prefix", QString(), QString());
+        QVERIFY(!store.contains("inpWidth/Prefix"));
+        QCOMPARE(store.value("inpHeight/Prefix").toString(), "Height");
     }
 
     void systemColoursComeFromThePalette_data()
     {
-        zelColumns<quint32, int, int>({"colour", "group", "role"});
-        QTest::newRow("window") << quint32(0x80000005) << int(QPalette::Active)
-                                << int(QPalette::Base);
-        QTest::newRow("button face")
-            << quint32(0x8000000F) << int(QPalette::Active) << int(QPalette::Button);
-        QTest::newRow("grey text")
-            << quint32(0x80000010) << int(QPalette::Disabled) << int(QPalette::Text);
-        QTest::newRow("unknown index")
-            << quint32(0x80000063) << int(QPalette::Active) << int(QPalette::Base);
+        zelColumns<quint32, QPalette::ColorGroup, QPalette::ColorRole>({"colour", "group", "role"});
+        zelRow("window", 0x80000005u, QPalette::Active, QPalette::Base);
+        zelRow("button face", 0x8000000Fu, QPalette::Active, QPalette::Button);
+        zelRow("grey text", 0x80000010u, QPalette::Disabled, QPalette::Text);
+        zelRow("unknown index", 0x80000063u, QPalette::Active, QPalette::Base);
     }
 
     void systemColoursComeFromThePalette()
     {
-        const auto [colour, group, role] = zelFetch<quint32, int, int>({"colour", "group", "role"});
-        const QColor expected =
-            QApplication::palette().color(QPalette::ColorGroup(group), QPalette::ColorRole(role));
-        QCOMPARE(zel::ToQColor(colour), expected);
+        const auto [colour, group, role] =
+            zelFetch<quint32, QPalette::ColorGroup, QPalette::ColorRole>(
+                {"colour", "group", "role"});
+        QCOMPARE(zel::ToQColor(colour), QApplication::palette().color(group, role));
         QCOMPARE(zel::ToQColor(0x0000FF), QColor(255, 0, 0)); // plain colours are 0x00BBGGRR
         QCOMPARE(zel::FromQColor(QColor(1, 2, 3)), quint32(0x030201));
     }
@@ -226,7 +213,7 @@ private slots:
         form->show();
         QTimer::singleShot(50, form, [form] { delete form; });
         zel::Platform real;
-        real.MessageBox(QStringLiteral("text"), QStringLiteral("title"), form);
+        real.MessageBox("text", "title", form);
         QVERIFY(!QApplication::activeModalWidget());
     }
 };
