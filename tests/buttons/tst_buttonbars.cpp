@@ -162,7 +162,7 @@ private slots:
         zelColumns<QStringList, QString, QStringList, int, int, QStringList>(
             {"steps", "stored", "captions", "buttonWidth", "barWidth", "marks"});
 
-        for (const QString &kind : {QStringLiteral("Std"), QStringLiteral("Prp")}) {
+        for (const QString kind : {"Std", "Prp"}) {
             const bool s = kind == QLatin1String("Std");
             const QStringList en = s ? QStringList{"&Help", "&Apply", "Cancel", "OK"}
                                      : QStringList{"&Help", "&Properties", "Remove", "New"};
@@ -338,7 +338,7 @@ private slots:
         bar->SetButtonsEnabled(255);
         edit->setFocus();
         bool ok = false;
-        zel::CallByName(bar, QStringLiteral("FocusOnButton"), {eButton}, &ok);
+        zel::CallByName(bar, "FocusOnButton", {eButton}, &ok);
         QVERIFY(ok);
         QWidget *expected = focused.isEmpty() ? static_cast<QWidget *>(edit) : button(bar, focused);
         QCOMPARE(window.focusWidget(), expected);
@@ -366,7 +366,7 @@ private slots:
         // Option buttons are shown and enabled only when the host asks for them.
         bar->SetButtonsVisible(255);
         bar->SetButtonsEnabled(255);
-        bar->SetLanguage(QStringLiteral("german"));
+        bar->SetLanguage("german");
         // Switched captions raise the buttons' own events all the same.
         if (auto *s = qobject_cast<zelStdButtons *>(bar.get())) {
             s->SetOKasClose(true);
@@ -381,22 +381,19 @@ private slots:
         QTemporaryDir dir;
         zelStdButtons bar;
         for (int i = 0; i < 4; ++i)
-            zel::CallByName(&bar, QStringLiteral("SetOptionButtonCaption"),
-                            {i, QString::number(i)});
+            zel::CallByName(&bar, "SetOptionButtonCaption", {i, QString::number(i)});
         // A language switch leaves the host's captions alone.
-        bar.SetLanguage(QStringLiteral("german"));
+        bar.SetLanguage("german");
         for (int i = 0; i < 4; ++i) {
-            QCOMPARE(zel::CallByName(&bar, QStringLiteral("OptionButtonCaption"), {i}).toInt(), i);
+            QCOMPARE(zel::CallByName(&bar, "OptionButtonCaption", {i}).toInt(), i);
             QCOMPARE(button(&bar, QStringLiteral("cmdOption%1").arg(i))->text(),
                      QString::number(i));
         }
         QCOMPARE(bar.OptionButtonCaption(-1), QString());
-        bar.SetOptionButtonCaption(4, QStringLiteral("lost"));
+        bar.SetOptionButtonCaption(4, "lost");
 
         auto load = [&](int index, const QVariant &picture) {
-            return zel::CallByName(&bar, QStringLiteral("LoadOptionButtonPicture"),
-                                   {index, picture})
-                .toBool();
+            return zel::CallByName(&bar, "LoadOptionButtonPicture", {index, picture}).toBool();
         };
         QPixmap pm(16, 16);
         pm.fill(Qt::blue);
@@ -405,7 +402,7 @@ private slots:
         QVERIFY(!load(2, QPixmap()));
         QVERIFY(!load(4, pm));
         QVERIFY(!load(2, 42));
-        QVERIFY(!load(2, QStringLiteral("/nonexistent/x.png")));
+        QVERIFY(!load(2, "/nonexistent/x.png"));
         const QString star = dir.filePath("star.png"), broken = dir.filePath("broken.png");
         QVERIFY(QImage(16, 16, QImage::Format_ARGB32).save(star));
         QFile(star).copy(broken);

@@ -53,8 +53,8 @@ private slots:
     {
         // moreInfo: its length
         zelColumns<int, int, QStringList>({"number", "moreInfo", "lines"});
-        const QString source = QStringLiteral("Source: zelInputBox.MaxLength Let::inner.");
-        const QString description = QStringLiteral("Description: Bad thing");
+        const QString source = "Source: zelInputBox.MaxLength Let::inner.";
+        const QString description = "Description: Bad thing";
         const QString m750(750, QLatin1Char('m'));
         auto row = [&](const char *name, int number, int moreInfo, const char *first,
                        const QString &more = QString()) {
@@ -67,7 +67,7 @@ private slots:
         row("minus one in hex", -1, 0, "Error:  FFFFFFFF");
         row("positive in decimal", 13, 0, "Error:  13");
         row("zero", 0, 0, "Error:  0");
-        row("short more info", 5, 3, "Error:  5", QStringLiteral("mmm"));
+        row("short more info", 5, 3, "Error:  5", "mmm");
         row("750 whole", 5, 750, "Error:  5", m750);
         row("751 cut", 5, 751, "Error:  5", m750 + QStringLiteral(" ...more... "));
     }
@@ -75,9 +75,8 @@ private slots:
     void messageText()
     {
         const auto [number, moreInfo] = zelFetch<int, int>({"number", "moreInfo"});
-        const QString text = mLog::ComposeMessage(
-            QStringLiteral("zelInputBox.MaxLength Let"), number, QStringLiteral("inner"),
-            QStringLiteral("Bad thing"), QString(moreInfo, QLatin1Char('m')));
+        const QString text = mLog::ComposeMessage("zelInputBox.MaxLength Let", number, "inner",
+                                                  "Bad thing", QString(moreInfo, QLatin1Char('m')));
         QTEST(text.split(QStringLiteral("\r\n")), "lines");
     }
 
@@ -90,7 +89,7 @@ private slots:
                       bool raise, const QString &raised) {
             QTest::newRow(name) << conDebug << trail << QString(errSource) << raise << raised;
         };
-        const QString term = QStringLiteral("zelFileList.Class_Terminate");
+        const QString term = "zelFileList.Class_Terminate";
         row("no raise flag", 0, "a.b", "", false, "");
         row("raise, empty source", 0, "a.b", "", true, "a.b");
         row("raise extends trail", 0, "a.b", "c.d", true, "a.b::c.d");
@@ -105,10 +104,10 @@ private slots:
         const auto [conDebug, trail, errSource, raise] =
             zelFetch<int, QString, QString, bool>({"conDebug", "trail", "errSource", "raise"});
         zelTestScope scope;
-        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), conDebug);
+        scope.fake().userSettings.insert("ConDebug", conDebug);
         QString raised;
         try {
-            mLog::ErrorLog(trail, zelError(9, errSource, QStringLiteral("desc")), QString(), raise);
+            mLog::ErrorLog(trail, zelError(9, errSource, "desc"), QString(), raise);
         } catch (const zelError &e) {
             raised = e.Source();
             QCOMPARE(e.Number(), 9);
@@ -125,10 +124,8 @@ private slots:
     void loggerIsCreatedForEveryMessageAndTrace()
     {
         zelTestScope scope;
-        mLog::ErrorLog(QStringLiteral("zelInputBox.Value Let"), zelError(6, QStringLiteral("src")),
-                       QStringLiteral("step"), false);
-        mLog::TraceLog(QStringLiteral("zelGridList.SizeColZero"), QStringLiteral("lSizeCol = "),
-                       QStringLiteral("1"));
+        mLog::ErrorLog("zelInputBox.Value Let", zelError(6, "src"), "step", false);
+        mLog::TraceLog("zelGridList.SizeColZero", "lSizeCol = ", "1");
         QCOMPARE(zelCaptureLogger::created, 2);
         QCOMPARE(zelCaptureLogger::errors,
                  (QList<QVariantList>{{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let", 6,
@@ -141,11 +138,11 @@ private slots:
     void missingOrFailingLoggerFailsNothing()
     {
         zelTestScope scope;
-        scope.fake().userSettings.insert(QStringLiteral("ConDebug"), 1);
+        scope.fake().userSettings.insert("ConDebug", 1);
         // Logs an error through the logger the machine's settings name.
         auto logThrough = [&](const char *logger) {
-            scope.fake().machineSettings.insert(QStringLiteral("ErrorLogger"), logger);
-            mLog::ErrorLog(QStringLiteral("a.b"), zelError(5), QString(), false);
+            scope.fake().machineSettings.insert("ErrorLogger", logger);
+            mLog::ErrorLog("a.b", zelError(5), QString(), false);
         };
         logThrough("nobody.Nothing");
         QCOMPARE(scope.fake().messages.size(), 1); // the box is shown all the same
@@ -154,12 +151,11 @@ private slots:
         // not logged round and round.
         logThrough("zelCtrl.zelGridColumn");
         QCOMPARE(scope.fake().messages.size(), 3);
-        QVERIFY(
-            scope.fake().messages[1].text.contains(QStringLiteral("zelGridColumn.ErrorMessage")));
+        QVERIFY(scope.fake().messages[1].text.contains("zelGridColumn.ErrorMessage"));
 
         zelCaptureLogger::failing = true;
         logThrough(zelTestScope::LoggerProgId);
-        mLog::TraceLog(QStringLiteral("a.b"), QString(), QString());
+        mLog::TraceLog("a.b", QString(), QString());
         QCOMPARE(scope.fake().messages.size(), 4);
     }
 
@@ -167,24 +163,24 @@ private slots:
     {
         {
             zelTestScope scope; // tracking off: nothing counted
-            mLog::TrackerIncr(QStringLiteral("zelFileList"));
-            QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 0);
+            mLog::TrackerIncr("zelFileList");
+            QCOMPARE(mLog::TrackedCount("zelFileList"), 0);
             QCOMPARE(zelCaptureLogger::traces.size(), 0);
         }
         zelTestScope scope;
-        scope.fake().machineSettings.insert(QStringLiteral("ConTrack"), 1);
-        mLog::TrackerIncr(QStringLiteral("zelFileList"));
-        mLog::TrackerIncr(QStringLiteral("zelFileList"));
-        mLog::TrackerIncr(QStringLiteral("zelFileFilter"));
-        mLog::TrackerDecr(QStringLiteral("zelFileList"));
-        QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileList")), 1);
-        QCOMPARE(mLog::TrackedCount(QStringLiteral("zelFileFilter")), 1);
+        scope.fake().machineSettings.insert("ConTrack", 1);
+        mLog::TrackerIncr("zelFileList");
+        mLog::TrackerIncr("zelFileList");
+        mLog::TrackerIncr("zelFileFilter");
+        mLog::TrackerDecr("zelFileList");
+        QCOMPARE(mLog::TrackedCount("zelFileList"), 1);
+        QCOMPARE(mLog::TrackedCount("zelFileFilter"), 1);
         QCOMPARE(zelCaptureLogger::traces.size(), 1);
         QCOMPARE(zelCaptureLogger::traces[0].mid(3),
                  (QVariantList{QString(20, QLatin1Char('*')), "First call to tracked object"}));
         // A class never counted up is a logged failure, not a crash.
-        mLog::TrackerDecr(QStringLiteral("zelNeverSeen"));
-        QCOMPARE(zelLoggedErrors(QStringLiteral("mLog.TrackerDecr")), 1);
+        mLog::TrackerDecr("zelNeverSeen");
+        QCOMPARE(zelLoggedErrors("mLog.TrackerDecr"), 1);
     }
 
     void trailMapsStandardExceptions_data()
@@ -202,8 +198,8 @@ private slots:
     {
         QFETCH(int, kind);
         zelTestScope scope;
-        zel::Trail t(QStringLiteral("zelTest.Thrower"));
-        t.Step = QStringLiteral("Finished");
+        zel::Trail t("zelTest.Thrower");
+        t.Step = "Finished";
         const std::function<void()> throwers[] = {
             [] { throw std::overflow_error("o"); }, [] { throw std::bad_alloc(); },
             [] { throw std::out_of_range("r"); },   [] { throw std::bad_cast(); },
@@ -237,7 +233,7 @@ private slots:
             zelFetch<int, bool, bool, int>({"rows", "first", "second", "errors"});
         zelTestScope scope;
         QTEST(mMain::MinHeightList(rows, first, second), "height");
-        QCOMPARE(zelLoggedErrors(QStringLiteral("mMain.MinHeightList")), errors);
+        QCOMPARE(zelLoggedErrors("mMain.MinHeightList"), errors);
         QCOMPARE(zelLoggedErrors(), errors);
     }
 };
