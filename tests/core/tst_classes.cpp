@@ -153,8 +153,7 @@ void chooseValues(Subject &s)
 
 QVariantList garbage()
 {
-    return {QVariant(QVariantMap{{"a", 1}}), QVariant(QStringLiteral("garbage")), QVariant(1e12),
-            QVariant(-1e12), QVariant(QPoint(3, 4))};
+    return {QVariantMap{{"a", 1}}, "garbage", 1e12, -1e12, QPoint(3, 4)};
 }
 
 // Whether a stored or written value cannot be read as the kind at all: none
@@ -319,16 +318,11 @@ private slots:
         zelTestScope scope;
         scope.fake().colorDialogAccepts = false;
         Subject s(progId);
-        const QVariantList absurd{QVariant(),
-                                  QVariant(QString(100000, QLatin1Char('x'))),
-                                  QVariant(-1),
-                                  QVariant(-2147483647 - 1),
-                                  QVariant(2147483647),
-                                  QVariant(1e300),
-                                  QVariant(-1e300),
-                                  QVariant(true),
-                                  QVariant(QPoint(3, 4)),
-                                  QVariant(QStringLiteral("abc"))};
+        const QVariantList absurd{QVariant(),   QString(100000, QLatin1Char('x')),
+                                  -1,           -2147483647 - 1,
+                                  2147483647,   1e300,
+                                  -1e300,       true,
+                                  QPoint(3, 4), "abc"};
         // With a late-bound conversion of its own, a value that is no value of
         // the property's kind at all is logged once.
         const bool converts = dynamic_cast<zelPropertyHost *>(s.o);
