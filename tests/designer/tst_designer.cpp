@@ -4,10 +4,8 @@
 
 #include "zelFakePlatform.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QHash>
 #include <QPluginLoader>
 #include <QRegularExpression>
 #include <QTest>
@@ -80,7 +78,9 @@ private slots:
 
     void entryMatchesItsControl_data()
     {
-        addEntryRows();
+        QTest::addColumn<QString>("name");
+        for (const QString &name : m_entries.keys())
+            QTest::newRow(qPrintable(name)) << name;
     }
 
     void entryMatchesItsControl()
@@ -195,13 +195,6 @@ private slots:
 #endif
 
 private:
-    void addEntryRows()
-    {
-        QTest::addColumn<QString>("name");
-        for (const QString &name : m_entries.keys())
-            QTest::newRow(qPrintable(name)) << name;
-    }
-
     QHash<QString, QDesignerCustomWidgetInterface *> m_entries;
 
 #ifdef ZEL_HAVE_FORM_EDITOR
