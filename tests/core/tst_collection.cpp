@@ -21,6 +21,12 @@ std::shared_ptr<Item> make(int id)
     return std::make_shared<Item>(Item{id});
 }
 
+// A key or position and the item it finds.
+std::pair<QVariant, int> at(const QVariant &key, int expected)
+{
+    return {key, expected};
+}
+
 } // namespace
 
 class tst_Collection : public QObject
@@ -30,22 +36,15 @@ class tst_Collection : public QObject
 private slots:
     void itemByKeyOrPosition_data()
     {
-        // expected: 0: nothing
         zelColumns<QVariant, int>({"key", "expected"});
-        QTest::newRow("position 1") << QVariant(1) << 10;
-        QTest::newRow("position 3") << QVariant(3) << 30;
-        QTest::newRow("position as double") << QVariant(2.0) << 20;
-        QTest::newRow("position 0") << QVariant(0) << 0;
-        QTest::newRow("position 4") << QVariant(4) << 0;
-        QTest::newRow("negative") << QVariant(-1) << 0;
-        QTest::newRow("key") << QVariant(QStringLiteral("b")) << 20;
-        QTest::newRow("key upper") << QVariant(QStringLiteral("A")) << 10;
-        QTest::newRow("key with sharp s") << QVariant(QStringLiteral("straße")) << 30;
-        QTest::newRow("folding is per character") << QVariant(QStringLiteral("STRASSE")) << 0;
-        QTest::newRow("digit text is a key") << QVariant(QStringLiteral("1")) << 0;
-        QTest::newRow("unknown key") << QVariant(QStringLiteral("zz")) << 0;
-        QTest::newRow("empty key") << QVariant(QString()) << 0;
-        QTest::newRow("invalid") << QVariant() << 0;
+        // expected: 0: nothing. Positions count from 1, also as a double; a key
+        // in any letter case, folded character by character; a digit text is a key.
+        for (const auto &[key, expected] :
+             {at(1, 10), at(3, 30), at(2.0, 20), at(0, 0), at(4, 0), at(-1, 0), at("b", 20),
+              at("A", 10), at("straße", 30), at("STRASSE", 0), at("1", 0), at("zz", 0),
+              at(QString(), 0), at(QVariant(), 0)})
+            QTest::newRow(qPrintable(QString::fromLatin1(key.typeName()) + " " + key.toString()))
+                << key << expected;
     }
 
     void itemByKeyOrPosition()
