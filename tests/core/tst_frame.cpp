@@ -70,28 +70,24 @@ private slots:
         // labels: prefix and suffix text, "|" between, a shown label in brackets
         zelColumns<zelFrameProps, int, QString, QRect, int>(
             {"props", "inner", "labels", "input", "suffixLeft"});
-        auto row = [](const char *name, const zelFrameProps &p, int inner, const char *labels,
-                      const QRect &input, int suffixLeft) {
-            QTest::newRow(name) << p << inner << QString(labels) << input << suffixLeft;
+        // input: its left edge and width; it fills the height
+        auto row = [](const char *name, const zelFrameProps &p, const char *labels, int inputLeft,
+                      int inputWidth, int suffixLeft, int inner = 3000) {
+            QTest::newRow(name) << p << inner << QString(labels)
+                                << QRect(inputLeft, 0, inputWidth, 315) << suffixLeft;
         };
-        const QString m = QStringLiteral("m");
-        row("bare", {}, 3000, "|", QRect(0, 0, 3000, 315), 3000);
-        row("empty prefix with colon hides label", {.PrefixColon = true}, 3000, "|",
-            QRect(0, 0, 3000, 315), 3000);
-        row("prefix with colon", {.Prefix = "Name", .PrefixColon = true}, 3000, "[Name:]|",
-            QRect(560, 0, 2440, 315), 3000);
-        row("fixed empty prefix still visible", {.PrefixWidth = 1200}, 3000, "[]|",
-            QRect(1260, 0, 1740, 315), 3000);
-        row("suffix with parens", {.Suffix = m, .SuffixParens = true}, 3000, "|[(m)]",
-            QRect(0, 0, 2640, 315), 2700);
-        row("empty suffix with parens adds nothing", {.SuffixParens = true}, 3000, "|",
-            QRect(0, 0, 3000, 315), 3000);
-        row("fixed suffix width", {.Prefix = "A", .Suffix = "B", .SuffixWidth = 500}, 3000,
-            "[A]|[B]", QRect(160, 0, 2280, 315), 2500);
-        row("input never below 400", {.PrefixWidth = 900}, 1000, "[]|", QRect(960, 0, 400, 315),
-            1000);
-        row("both labels squeeze to 400", {.Prefix = "Prefix", .Suffix = "Suffix"}, 1000,
-            "[Prefix]|[Suffix]", QRect(660, 0, 400, 315), 400);
+        row("bare", {}, "|", 0, 3000, 3000);
+        row("empty prefix with colon hides label", {.PrefixColon = true}, "|", 0, 3000, 3000);
+        row("prefix with colon", {.Prefix = "Name", .PrefixColon = true}, "[Name:]|", 560, 2440,
+            3000);
+        row("fixed empty prefix still visible", {.PrefixWidth = 1200}, "[]|", 1260, 1740, 3000);
+        row("suffix with parens", {.Suffix = "m", .SuffixParens = true}, "|[(m)]", 0, 2640, 2700);
+        row("empty suffix with parens adds nothing", {.SuffixParens = true}, "|", 0, 3000, 3000);
+        row("fixed suffix width", {.Prefix = "A", .Suffix = "B", .SuffixWidth = 500}, "[A]|[B]",
+            160, 2280, 2500);
+        row("input never below 400", {.PrefixWidth = 900}, "[]|", 960, 400, 1000, 1000);
+        row("both labels squeeze to 400", {.Prefix = "Prefix", .Suffix = "Suffix"},
+            "[Prefix]|[Suffix]", 660, 400, 400, 1000);
     }
 
     void layout()
