@@ -59,16 +59,11 @@ QStringList buttonsByBit(const QString &kind)
 // The visible buttons, from the right edge to the left.
 QStringList visibleFromRight(QWidget *bar)
 {
-    QList<QPushButton *> shown;
+    QMap<int, QString> byLeftEdge; // two at one place leave one name out
     for (QPushButton *b : bar->findChildren<QPushButton *>())
         if (b->isVisibleTo(bar))
-            shown.append(b);
-    std::sort(shown.begin(), shown.end(),
-              [](QPushButton *a, QPushButton *b) { return a->x() > b->x(); });
-    QStringList names;
-    for (QPushButton *b : shown)
-        names.append(b->objectName());
-    return names;
+            byLeftEdge.insert(-b->x(), b->objectName());
+    return byLeftEdge.values();
 }
 
 // Clicks the buttons in turn; answers the bar's events as "Name" or

@@ -73,8 +73,8 @@ private slots:
         // input: its left edge and width; it fills the height
         auto row = [](const char *name, const zelFrameProps &p, const char *labels, int inputLeft,
                       int inputWidth, int suffixLeft, int inner = 3000) {
-            QTest::newRow(name) << p << inner << QString(labels)
-                                << QRect(inputLeft, 0, inputWidth, 315) << suffixLeft;
+            QTest::newRow(name) << p << inner << labels << QRect(inputLeft, 0, inputWidth, 315)
+                                << suffixLeft;
         };
         row("bare", {}, "|", 0, 3000, 3000);
         row("empty prefix with colon hides label", {.PrefixColon = true}, "|", 0, 3000, 3000);
@@ -109,7 +109,7 @@ private slots:
         zelColumns<QString, double>({"control", "twipsPerPixel"});
         for (const char *c : {"zelInputBox", "zelDateTime"})
             for (const double tpp : {15.0, 10.0})
-                QTest::addRow("%s at %g", c, tpp) << QString(c) << tpp;
+                QTest::addRow("%s at %g", c, tpp) << c << tpp;
     }
 
     // Each edge within half a pixel of its place in twips.
@@ -164,8 +164,7 @@ private slots:
         const char *box = "This control now only supports numbers and strings";
         const char *date = "This control only supports dates";
         auto row = [](const char *control, int type, int stored, const char *message) {
-            QTest::addRow("%s %d", control, type)
-                << QString(control) << type << stored << QString(message);
+            QTest::addRow("%s %d", control, type) << control << type << stored << message;
         };
         row("zelInputBox", 7, 8, box);
         row("zelInputBox", 11, 8, box);
@@ -205,8 +204,7 @@ private slots:
             {"control", "type", "keys", "host", "text", "tabs"});
         auto row = [](const char *name, const char *control, int type, const char *keys,
                       const char *host, const char *text, int tabs = 0) {
-            QTest::newRow(name) << QString(control) << type << QString(keys) << QString(host)
-                                << QString(text) << tabs;
+            QTest::newRow(name) << control << type << keys << host << text << tabs;
         };
         row("box: keys changed and cancelled", "zelInputBox", 8, "axc", "ab,x", "bc");
         row("box: a changed key is still checked", "zelInputBox", 5, "12", "1a", "2");
@@ -310,7 +308,7 @@ private slots:
         zelColumns<QString, bool>({"control", "sendKeysTab"});
         for (const char *c : {"zelInputBox", "zelDateTime"})
             for (const bool on : {true, false})
-                QTest::addRow("%s %s", c, on ? "on" : "off") << QString(c) << on;
+                QTest::addRow("%s %s", c, on ? "on" : "off") << c << on;
     }
 
     void enterMovesFocusWhenAsked()

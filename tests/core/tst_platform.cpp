@@ -164,8 +164,7 @@ private slots:
         QCOMPARE(in.ReadProperty("ValueMax", 0.0).toDouble(), 10.5);
 
         QFile f(file);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("{ not json");
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write("{ not json") > 0);
         f.close();
         QString why;
         QVERIFY(!in.Load(file, &why));
