@@ -379,12 +379,11 @@ private slots:
         };
         QPixmap pm(16, 16);
         pm.fill(Qt::blue);
-        QVERIFY(load(0, pm));
-        QVERIFY(load(1, QImage(8, 8, QImage::Format_RGB32)));
-        QVERIFY(!load(2, QPixmap()));
-        QVERIFY(!load(4, pm));
-        QVERIFY(!load(2, 42));
-        QVERIFY(!load(2, "/nonexistent/x.png"));
+        // In order: a braced list's elements are evaluated left to right.
+        QCOMPARE((QList<bool>{load(0, pm), load(1, QImage(8, 8, QImage::Format_RGB32)),
+                              load(2, QPixmap()), load(4, pm), load(2, 42),
+                              load(2, "/nonexistent/x.png")}),
+                 (QList<bool>{true, true, false, false, false, false}));
         const QString star = dir.filePath("star.png"), broken = dir.filePath("broken.png");
         QVERIFY(QImage(16, 16, QImage::Format_ARGB32).save(star));
         QFile(star).copy(broken);

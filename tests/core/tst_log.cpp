@@ -204,8 +204,7 @@ private slots:
             [] { throw std::overflow_error("o"); }, [] { throw std::bad_alloc(); },
             [] { throw std::out_of_range("r"); },   [] { throw std::bad_cast(); },
             [] { throw std::runtime_error("x"); },  [] { throw zelError(380); }};
-        const bool completed = t.Run(throwers[kind]);
-        QVERIFY(!completed);
+        QVERIFY(!t.Run(throwers[kind])); // not completed
         QCOMPARE(zelCaptureLogger::errors.size(), 1);
         QTEST(zelCaptureLogger::errors[0][3].toInt(), "number");
         QCOMPARE(zelCaptureLogger::errors[0][6].toString(), "Finished");

@@ -88,8 +88,7 @@ private slots:
         bool ok = false;
         QCOMPARE(zel::CallByName(&t, "add", {2, 3}, &ok).toInt(), 5);
         QVERIFY(ok);
-        QCOMPARE(zel::CallByName(&t, "Add", {2}, &ok).toInt(),
-                 12); // default argument
+        QCOMPARE(zel::CallByName(&t, "Add", {2}, &ok).toInt(), 12); // default argument
         QVariantList args{QVariant(21)};
         zel::CallByName(&t, "Twice", args, &ok);
         QVERIFY(ok);
