@@ -18,8 +18,6 @@
 #include <QTest>
 #include <QWidget>
 
-#include <memory>
-
 namespace {
 
 using zel::Kind;

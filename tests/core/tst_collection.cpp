@@ -104,8 +104,7 @@ private slots:
         const auto [initial, edits] = zelFetch<int, int>({"initial", "edits"});
         QRandomGenerator rng(42);
         Coll c;
-        std::vector<int> model;
-        std::vector<int> removed;
+        std::vector<int> model, removed;
         int next = 0;
         for (int i = 0; i < initial; ++i) {
             c.Add(make(next), QStringLiteral("k%1").arg(next));

@@ -53,12 +53,11 @@ private slots:
     {
         // moreInfo: its length
         zelColumns<int, int, QStringList>({"number", "moreInfo", "lines"});
-        const QString source = "Source: zelInputBox.MaxLength Let::inner.";
-        const QString description = "Description: Bad thing";
         const QString m750(750, QLatin1Char('m'));
         auto row = [&](const char *name, int number, int moreInfo, const char *first,
                        const QString &more = QString()) {
-            QStringList lines{QString(first), source, description};
+            QStringList lines{first, "Source: zelInputBox.MaxLength Let::inner.",
+                              "Description: Bad thing"};
             if (moreInfo)
                 lines << QString() << QStringLiteral("More Info: ") + more;
             QTest::newRow(name) << number << moreInfo << lines;

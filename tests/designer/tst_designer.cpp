@@ -167,8 +167,7 @@ private slots:
         // saved with the form and carried into the running application.
         QVERIFY(!sheet->isVisible(sheet->indexOf(kUserModeMark)));
         const int index = sheet->indexOf(property);
-        QVERIFY(index >= 0);
-        QVERIFY(sheet->isVisible(index));
+        QVERIFY(index >= 0 && sheet->isVisible(index));
         sheet->setProperty(index, value);
         sheet->setChanged(index, true);
         QCOMPARE(designed->property(qPrintable(property)).toString(), value.toString());
