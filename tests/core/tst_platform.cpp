@@ -70,10 +70,9 @@ private slots:
 
         QFile f(log);
         QVERIFY(f.open(QIODevice::ReadOnly));
-        const QStringList lines =
-            QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList lines = QString::fromUtf8(f.readAll()).split(u'\n', Qt::SkipEmptyParts);
         QCOMPARE(lines.size(), 2);
-        QCOMPARE(lines[0].split(QLatin1Char('\t')).mid(1),
+        QCOMPARE(lines[0].split(u'\t').mid(1),
                  (QStringList{"zelCtrl", mLog::VersionString(), "zelInputBox.Value Let::inner",
                               "13", "Type mismatch", "Reading"}));
         QVERIFY(lines[1].contains("lSizeCol = "));
