@@ -28,7 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         const QDateTime dt = zel::OleToDateTime(ole);
         // Values between -1 and 0 mean the same as their positive twins, so
         // the check goes from the date: it reads back to itself.
-        zelfuzz::Check(zel::OleToDateTime(zel::DateTimeToOle(dt)) == dt, "a date changed on its way back");
+        zelfuzz::Check(zel::OleToDateTime(zel::DateTimeToOle(dt)) == dt,
+                       "a date changed on its way back");
     } catch (const zelError &) {
     }
     const QDateTime read = zel::DateFromText(text, locale);
@@ -49,7 +50,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         const QChar sep = zelDateEntryRuleFor(locale).Separator;
         zelfuzz::Check(txt->text().size() <= zelDateMaxTyped, "typing made a date text too long");
         for (const QChar c : txt->text())
-            zelfuzz::Check((c >= u'0' && c <= u'9') || c == sep, "typing put a stray character into a date");
+            zelfuzz::Check((c >= u'0' && c <= u'9') || c == sep,
+                           "typing put a stray character into a date");
     }
     field->SetValue(field->Value());
     return 0;

@@ -24,8 +24,10 @@ public:
     QVariant ReadSetting(zel::SettingsScope, const QString &key, const QVariant &def) override
     {
         // No debug boxes, traces or tracking: the inputs run by the million.
+        // clang-format off
         return key == QLatin1String("ErrorLogger") ? QVariant(QStringLiteral("zelFuzz.Logger"))
                                                    : key.startsWith(u"Con") ? QVariant(0) : def;
+        // clang-format on
     }
     bool ChooseColor(quint32 &, QWidget *) override { return false; }
     QString ChooseOpenFile(const QString &, const QString &, QWidget *) override { return {}; }
@@ -106,9 +108,11 @@ void Type(QWidget *w, const QString &text)
         const char16_t c = chars.at(0).unicode();
         int key = c < 128 ? QChar(c).toUpper().unicode() : Qt::Key_unknown;
         Qt::KeyboardModifiers mods;
+        // clang-format off
         static const int editing[] = {0, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,
                                       Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_Left,
                                       Qt::Key_A, 0, 0, 0, 0, Qt::Key_Return, Qt::Key_Z};
+        // clang-format on
         if (c < sizeof editing / sizeof *editing) {
             key = editing[c];
             mods = c == 7 ? Qt::ShiftModifier : (c == 8 || c == 14) ? Qt::ControlModifier : mods;
@@ -141,6 +145,7 @@ QString Bytes::Text(size_t max)
 QVariant Bytes::Variant()
 {
     const auto small = [this] { return int(int8_t(Byte())); };
+    // clang-format off
     switch (Byte() % 20) {
     case 0: return {};
     case 1: return bool(Byte() & 1);
@@ -163,6 +168,7 @@ QVariant Bytes::Variant()
     case 18: return QColor(Byte(), Byte(), Byte());
     default: return QVariant::fromValue(objects.empty() ? nullptr : objects[Byte() % objects.size()]);
     }
+    // clang-format on
 }
 
 } // namespace zelfuzz
