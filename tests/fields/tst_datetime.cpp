@@ -162,7 +162,10 @@ private slots:
         row("year takes four digits", us, "1/2/19501", "1/2/1950");
         row("third separator", us, "1/2/3/4", "1/2/34");
         row("letters and colons", us, "a1b/c2:", "1/2");
-        row("wide characters", us, "1\uac00/\ufffd\U0001F600" "2", "1/2");
+        row("wide characters", us,
+            "1\uac00/\ufffd\U0001F600"
+            "2",
+            "1/2");
         row("German", "de_DE", "1/2/1950", "1.2.1950");
         row("Swedish year first", "sv_SE", "20201231", "2020-12-31");
         row("C locale types ISO", "C", "19500102", "1950-01-02");
