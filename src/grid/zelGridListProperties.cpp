@@ -14,9 +14,7 @@ const zel::zelPropertyTable &zelGridList::Properties() const
 {
     using G = zelGridList;
     using zel::Prop;
-    // Every setter of the control marks and refreshes also when given the
-    // value it holds; only CheckBoxes and Language act on a change alone.
-    const quint32 stored = zel::Init | zel::Always;
+    const quint32 stored = zel::Init;
     static const zel::zelPropertyTable table({
         Prop("BorderStyle", &G::BorderStyle, &G::SetBorderStyle)
             .Persist()
@@ -89,7 +87,7 @@ const zel::zelPropertyTable &zelGridList::Properties() const
         // Neither persisted nor marked.
         Prop("MultiSelect", &G::MultiSelect, &G::SetMultiSelect)
             .Default(false)
-            .With(zel::NoMark | zel::Always)
+            .With(zel::NoMark)
             .Refreshes(RefreshSelectionMode),
         Prop("Language", &G::Language, &G::SetLanguage)
             .Default(QStringLiteral("English"))

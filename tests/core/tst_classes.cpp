@@ -15,6 +15,7 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QPoint>
+#include <QSignalSpy>
 #include <QTest>
 #include <QWidget>
 
@@ -206,6 +207,12 @@ private slots:
             QVERIFY(zel::SetProperty(fresh.o, p.name.toLower(), v));
             QVERIFY2(same(fresh.o->property(p.name.toLatin1()), v), qPrintable(p.name));
             QCOMPARE(zelLoggedErrors(), 0);
+            // Given what it holds, a setter neither marks the store nor
+            // refreshes; a data type is set anew on every write.
+            QSignalSpy marks(fresh.o, SIGNAL(PropertyChanged(QString)));
+            QVERIFY(zel::SetProperty(fresh.o, p.name, fresh.o->property(p.name.toLatin1())));
+            QVERIFY2(marks.isEmpty() || p.name == "DataType" || p.name == "ReadOnly",
+                     qPrintable(p.name));
         }
         // Where a class publishes dispatch identifiers, each names a member of
         // the class, and no two members share one.
