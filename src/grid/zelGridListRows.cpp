@@ -11,6 +11,21 @@
 
 #include <QScopedValueRollback>
 
+namespace {
+
+// Changes one row object and shows it again; false for a row not there.
+template <typename Change> bool changeRow(zelGridListPrivate &d, qint32 lRow, Change &&change)
+{
+    const auto row = d.items->ItemAt(lRow);
+    if (!row)
+        return false;
+    change(*row);
+    d.model->RowsChanged(lRow, lRow);
+    return true;
+}
+
+} // namespace
+
 std::shared_ptr<zelGridRow> zelGridList::AddItem(const QString &sRowText, const QString &sKey,
                                                  const QVariant &oTag, qint32 lRow)
 {
@@ -129,12 +144,7 @@ bool zelGridList::SetItemColor(qint32 lRow, quint32 lColor)
     bool result = false;
     zel::Trail t(this, "SetItemColor");
     t.Run([&] {
-        const auto row = d->items->ItemAt(lRow);
-        if (!row)
-            return;
-        row->SetRowColorValue(lColor);
-        d->model->RowsChanged(lRow, lRow);
-        result = true;
+        result = changeRow(*d, lRow, [&](zelGridRow &row) { row.SetRowColorValue(lColor); });
     });
     return result;
 }
@@ -152,12 +162,7 @@ bool zelGridList::CheckItem(qint32 lRow, bool bChecked)
     bool result = false;
     zel::Trail t(this, "CheckItem");
     t.Run([&] {
-        const auto row = d->items->ItemAt(lRow);
-        if (!row)
-            return;
-        row->SetCheckedFlag(bChecked);
-        d->model->RowsChanged(lRow, lRow);
-        result = true;
+        result = changeRow(*d, lRow, [&](zelGridRow &row) { row.SetCheckedFlag(bChecked); });
     });
     return result;
 }
