@@ -1,5 +1,7 @@
 #include "core/zelProperties.h"
 
+#include <QScopeGuard>
+
 #include "core/zelConvert.h"
 #include "fields/zelOleDate.h"
 
@@ -94,15 +96,18 @@ void zelPropertyHost::ReadEntries(zelPropertyBag &bag,
             continue;
         t.Run([&] {
             const QVariant typed = zel::ConvertTo(d.Type, value);
-            const bool quiet = d.Has(zel::StoreOnLoad);
-            m_loadingQuietly = quiet;
-            try {
-                d.Set(owner(), typed);
-            } catch (...) {
-                m_loadingQuietly = false;
-                throw;
+            m_loadingQuietly = d.Has(zel::StoreOnLoad);
+            m_refused = false;
+            auto done = qScopeGuard([&] { m_loadingQuietly = m_refused = false; });
+            d.Set(owner(), typed);
+            // A stored value the setter refused (and logged) would leave what
+            // the object held before, which a neighbour loaded earlier may
+            // have made a state no setter gives: the default takes its place,
+            // as for a missing key, so a second save and load agree.
+            if (m_refused && !d.Has(zel::CurrentDefault)) {
+                m_refused = false;
+                d.Set(owner(), zel::ConvertTo(d.Type, d.DefaultValue));
             }
-            m_loadingQuietly = false;
         });
     }
 }

@@ -269,13 +269,16 @@ private:
     QObject *owner() { return const_cast<QObject *>(PropertyOwner()); }
 
     bool m_loadingQuietly = false;
+    // Set when a setter refuses its value, so that a load can tell a stored
+    // value that did not take.
+    bool m_refused = false;
 };
 
 template <typename T, typename Check, typename Apply>
 void zelPropertyHost::Let(const char *name, T &member, Check &&check, Apply &&apply)
 {
     zel::Trail t(PropertyOwner(), (QByteArray(name) + " Let").constData());
-    t.Run([&] {
+    const bool ran = t.Run([&] {
         const zel::zelPropertyDecl *decl = nullptr;
         if (!letStarts(name, decl))
             throw zelError(zelError::InvalidProcedureCall, t.Name(),
@@ -289,6 +292,8 @@ void zelPropertyHost::Let(const char *name, T &member, Check &&check, Apply &&ap
         letFinishes(*decl);
         apply();
     });
+    if (!ran)
+        m_refused = true;
 }
 
 // Declares the late-bound setter of a property whose typed setter is
