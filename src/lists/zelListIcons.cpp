@@ -165,24 +165,29 @@ void Polygon(QPainter &p, const QColor &fill)
 
 void PaintTank(QPainter &p)
 {
-    Shape(p, Steel);
-    QPainterPath tank;
-    tank.moveTo(3, 5);
-    tank.cubicTo(3, 1, 13, 1, 13, 5);
-    tank.lineTo(13, 13.5);
-    tank.cubicTo(13, 15.5, 3, 15.5, 3, 13.5);
-    tank.closeSubpath();
-    p.drawPath(tank);
-    Line(p, QPointF(3.5, 8), QPointF(12.5, 8));
-    Box(p, 10, 9.5, 1.5, 4, Blue); // level glass
+    // A liquid tank lying on two saddles, with its filler cap.
+    Box(p, 3.5, 10, 2, 4.5, Ink);
+    Box(p, 10.5, 10, 2, 4.5, Ink);
+    Shape(p, Blue);
+    p.drawRoundedRect(QRectF(0.5, 3.5, 15, 8), 4, 4);
+    Line(p, QPointF(3, 6), QPointF(13, 6), Sky, 1.2);
+    Box(p, 6.5, 1.5, 3, 2, Steel);
 }
 
 void PaintBin(QPainter &p)
 {
-    Box(p, 2.5, 6, 11, 9, Light);
-    Poly(p, {{1.5, 6}, {8, 1}, {14.5, 6}}, Steel);
-    for (qreal y : {9.0, 12.0})
-        Line(p, QPointF(2.5, y), QPointF(13.5, y), Steel);
+    // A grain bin: ribbed cylinder under a cone.
+    Shape(p, Light);
+    QPainterPath body;
+    body.moveTo(2.5, 6.5);
+    body.lineTo(2.5, 14);
+    body.quadTo(8, 16, 13.5, 14);
+    body.lineTo(13.5, 6.5);
+    body.closeSubpath();
+    p.drawPath(body);
+    for (qreal y : {9.0, 11.5})
+        Line(p, QPointF(3, y), QPointF(13, y), Steel);
+    Poly(p, {{1, 7}, {6.5, 1.5}, {9.5, 1.5}, {15, 7}}, Steel);
 }
 
 void PaintBusiness(QPainter &p)
