@@ -168,7 +168,12 @@ private:
     int m_treeColumn = 0;
     std::vector<Row> m_rows;
     mutable Kids m_root;
-    std::vector<int> m_slots; // open addressing over handles, by exact key
+    struct Slot
+    {
+        int handle = 0; // 0: free
+        quint32 hash = 0;
+    };
+    std::vector<Slot> m_slots; // open addressing over handles, by exact key
     QSet<QString> m_sharedKeys;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
