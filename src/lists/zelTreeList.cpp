@@ -1,0 +1,447 @@
+#include "lists/zelTreeList.h"
+
+#include "core/zelKeys.h"
+#include "core/zelTrail.h"
+#include "lists/zelColumnSpec.h"
+#include "lists/zelImageList.h"
+#include "lists/zelRecordModel.h"
+#include "platform/zelObjectFactory.h"
+#include "platform/zelPlatform.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPalette>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+
+ZEL_REGISTER_PROGID(zelTreeList);
+
+namespace {
+
+constexpr int RowHeight = 16;                  // pixels, whatever the font
+constexpr quint32 HeaderCellColour = 0xC0FFC0; // light green, 0x00BBGGRR
+
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), RowHeight};
+    }
+};
+
+// A tree that can put off its layout: rows expanded or collapsed while the
+// layout is pending cost a set insertion each, and the tree is laid out once
+// when it is next shown, not once per row.
+class TreeView : public QTreeView
+{
+public:
+    using QTreeView::QTreeView;
+    void DeferLayout() { scheduleDelayedItemsLayout(); }
+};
+
+} // namespace
+
+// What the shared selection rules ask of the tree.
+class zelTreeList::Selection : public zelRecordSelection::View
+{
+public:
+    explicit Selection(zelTreeList &t) : m(t) {}
+
+    qint32 FindRow(const QString &key) const override { return m.m_model->FindKey(key); }
+    QString KeyOfRow(qint32 row) const override { return m.m_model->KeyOf(row); }
+    QList<qint32> SelectedRows() const override
+    {
+        QList<qint32> rows;
+        for (const QModelIndex &i : m.m_extGrid->selectionModel()->selectedRows())
+            rows.append(m.m_model->HandleOf(i));
+        return rows;
+    }
+    void SelectRow(qint32 row) override
+    {
+        const QModelIndex i = m.m_model->IndexOf(row);
+        m.m_extGrid->scrollTo(i);
+        m.m_extGrid->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect |
+                                                              QItemSelectionModel::Rows);
+    }
+    void UnselectRow(qint32 row) override
+    {
+        m.m_extGrid->selectionModel()->select(
+            m.m_model->IndexOf(row), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    }
+    std::shared_ptr<zelComboRecord> RecordOf(const QString &key) const override
+    {
+        return m.m_records->Item(key);
+    }
+    void RaiseChanged(bool bUserClick) override { emit m.Changed(bUserClick); }
+
+private:
+    zelTreeList &m;
+};
+
+zelTreeList::zelTreeList(QWidget *parent)
+    : QWidget(parent), m_extGrid(new TreeView(this)), m_model(new zelRecordModel(this)),
+      m_images(new zel::zelImageList(this))
+{
+    zel::Trail t(this, "UserControl_Initialize");
+    t.Run([&] {
+        t.Step = QStringLiteral("Making Records");
+        m_records = std::make_shared<zelComboRecords>();
+        m_view = std::make_unique<Selection>(*this);
+        m_selection = std::make_unique<zelRecordSelection>(*m_view, true);
+
+        t.Step = QStringLiteral("Creating Images");
+        m_model->SetImageProvider([images = m_images](int i) { return images->Icon(i); });
+        m_extGrid->setObjectName(QStringLiteral("extGrid"));
+        m_extGrid->setModel(m_model);
+        m_extGrid->setItemDelegate(new RowDelegate(m_extGrid));
+        m_extGrid->setUniformRowHeights(true);
+        m_extGrid->setIconSize(QSize(16, 16));
+        m_extGrid->setSelectionMode(QAbstractItemView::SingleSelection);
+        m_extGrid->setSelectionBehavior(QAbstractItemView::SelectRows);
+        m_extGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        m_extGrid->setAllColumnsShowFocus(true);
+        m_extGrid->header()->setStretchLastSection(false);
+        m_extGrid->installEventFilter(this);
+        setFocusProxy(m_extGrid);
+        connect(m_images, &zel::zelImageList::ImagesChanged, m_extGrid->viewport(),
+                qOverload<>(&QWidget::update));
+        connect(m_extGrid->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+                [this] { extGrid_SelectionChanged(); });
+        // The model keeps each row's expansion, so that it outlives a reset;
+        // the tree shows it, and what the user opens or closes goes back.
+        connect(m_model, &zelRecordModel::ExpandRequested, this,
+                [this](const QModelIndex &i, bool expanded) {
+                    const QScopedValueRollback<bool> guard(m_syncing, true);
+                    m_extGrid->setExpanded(i, expanded);
+                });
+        auto userExpands = [this](bool expanded) {
+            return [this, expanded](const QModelIndex &i) {
+                if (!m_syncing)
+                    m_model->SetExpanded(m_model->HandleOf(i), expanded);
+            };
+        };
+        connect(m_extGrid, &QTreeView::expanded, this, userExpands(true));
+        connect(m_extGrid, &QTreeView::collapsed, this, userExpands(false));
+
+        t.Step = QStringLiteral("Enabling");
+        applyEnabled();
+    });
+}
+
+zelTreeList::~zelTreeList()
+{
+    // The tree and the model go before the members their signals reach.
+    m_model->disconnect(this);
+    delete m_extGrid;
+}
+
+const zel::zelPropertyTable &zelTreeList::Properties() const
+{
+    using T = zelTreeList;
+    using zel::Prop;
+    // In the order saved; ReadProperties reads its own order.
+    static const zel::zelPropertyTable table({
+        Prop("Sorted", &T::Sorted, &T::SetSorted).Persist().Default(false),
+        // Saved for older hosts, never read back: a load always enables.
+        // The setter does not mark the store.
+        Prop("Enabled", &T::Enabled, &T::SetEnabled)
+            .Persist()
+            .Default(true)
+            .With(zel::Init | zel::NoMark | zel::WriteOnly),
+        // Applied by the load itself once every key is read.
+        Prop("Columns", &T::Columns, &T::SetColumns)
+            .Persist()
+            .Default(QString())
+            .With(zel::StoreOnLoad),
+        Prop("HeaderVisible", &T::HeaderVisible, &T::SetHeaderVisible).Persist().Default(true),
+        // Expands again on every write, as the user may have opened rows since.
+        Prop("ExpandLevel", &T::ExpandLevel, &T::SetExpandLevel)
+            .Default(qint32(0))
+            .With(zel::NoMark | zel::Always),
+    });
+    return table;
+}
+
+void zelTreeList::ReadProperties(zelPropertyBag &bag)
+{
+    static const std::vector<zel::zelPropertyDecl> loadOrder = [](const zel::zelPropertyTable &t) {
+        std::vector<zel::zelPropertyDecl> order;
+        for (const char *name : {"Sorted", "HeaderVisible", "Columns"})
+            order.push_back(*t.Find(QString::fromLatin1(name)));
+        return order;
+    }(Properties());
+    {
+        const QScopedValueRollback<bool> loading(m_loading, true);
+        SetEnabled(true);
+        ReadEntries(bag, loadOrder);
+    }
+    zel::Trail t(this, "UserControl_ReadProperties");
+    t.Step = QStringLiteral("Applying Columns");
+    t.Run([&] {
+        if (columnsLive())
+            applyColumns(m_columns);
+    });
+}
+
+bool zelTreeList::columnsLive() const
+{
+    return zel::UserMode(this) && !m_loading;
+}
+
+void zelTreeList::SetEnabled(bool v)
+{
+    LetThen("Enabled", m_enabled, v, [this] { applyEnabled(); });
+}
+
+void zelTreeList::applyEnabled()
+{
+    QPalette p = m_extGrid->palette();
+    p.setColor(QPalette::Base,
+               zel::ToQColor(m_enabled ? zel::SysWindowBackground : zel::SysButtonFace));
+    m_extGrid->setPalette(p);
+    QWidget::setEnabled(m_enabled);
+}
+
+void zelTreeList::SetSorted(bool v)
+{
+    Let("Sorted", m_sorted, v);
+}
+
+void zelTreeList::SetColumns(const QString &v)
+{
+    LetThen("Columns", m_columns, v, [this] {
+        if (columnsLive())
+            applyColumns(m_columns);
+    });
+}
+
+void zelTreeList::applyColumns(const QString &spec)
+{
+    zel::zelColumnParseIssues issues;
+    QList<zel::zelColumnDesc> columns = zel::ParseColumns(spec, zel::zelColumnDialect::TreeList,
+                                                          zel::platform().TwipsPerPixel(), &issues);
+    zel::zelColumnDesc hidden;
+    hidden.caption = QStringLiteral("Hidden");
+    hidden.visible = zel::zelColumnDesc::Hidden;
+    hidden.widthPixels = width();
+    columns.append(hidden);
+
+    QHeaderView *header = m_extGrid->header();
+    const bool rebuild = columns.size() != m_model->ColumnCount();
+    if (rebuild && m_records->Count() > 0)
+        Clear();
+    m_model->SetColumns(columns);
+    for (int i = 0; i < int(columns.size()); ++i) {
+        const zel::zelColumnDesc &c = columns.at(i);
+        if (c.widthPixels > 0)
+            header->resizeSection(i, c.widthPixels);
+        else if (rebuild)
+            header->resizeSection(i, header->defaultSectionSize());
+        m_extGrid->setColumnHidden(i, c.visible == zel::zelColumnDesc::Hidden);
+    }
+    applyHeader();
+
+    if (issues.overflowColumn >= 0)
+        throw zelError(
+            zelError::Overflow, QString(),
+            QStringLiteral("Column %1: the width is out of range").arg(issues.overflowColumn));
+    if (issues.truncated)
+        throw zelError(
+            zelError::InvalidPropertyValue, QString(),
+            QStringLiteral("More than %1 columns: the rest are dropped").arg(zel::zelMaxColumns));
+}
+
+void zelTreeList::SetHeaderVisible(bool v)
+{
+    LetThen("HeaderVisible", m_headerVisible, v, [this] { applyHeader(); });
+}
+
+void zelTreeList::applyHeader()
+{
+    m_extGrid->setHeaderHidden(
+        !zel::TreeListHeaderVisible(m_model->ColumnCount(), m_headerVisible));
+}
+
+void zelTreeList::SetExpandLevel(qint32 v)
+{
+    LetThen("ExpandLevel", m_expandLevel, v, [this] {
+        static_cast<TreeView *>(m_extGrid)->DeferLayout();
+        for (const auto &record : *m_records) {
+            const int row = m_model->FindKey(record->Key());
+            if (row == 0)
+                continue;
+            if (record->Level() < m_expandLevel)
+                m_model->SetExpanded(row, true);
+            else if (record->Level() == m_expandLevel)
+                m_model->SetExpanded(row, false);
+        }
+    });
+}
+
+std::shared_ptr<zelComboRecord> zelTreeList::SelectedRecord() const
+{
+    return m_selection->SelectedRecord();
+}
+
+QString zelTreeList::SelectedKey() const
+{
+    const auto record = SelectedRecord();
+    return record ? record->Key() : QString();
+}
+
+std::shared_ptr<zelComboRecord> zelTreeList::AddItem(const QString &sParentKey, const QString &sKey,
+                                                     const QString &sData, const QString &sText,
+                                                     const QVariant &oTag,
+                                                     const QVariant &vImageKey, bool bEnabled,
+                                                     bool bExpandParent)
+{
+    std::shared_ptr<zelComboRecord> result;
+    zel::Trail t(this, "AddItem");
+    t.Run([&] {
+        t.Step = QStringLiteral("Splitting");
+        if (sData.isEmpty())
+            return;
+        if (m_model->ColumnCount() == 0)
+            applyColumns(QString());
+        if (sData.count(QLatin1Char('\t')) + 1 > m_model->ColumnCount() - 1)
+            return;
+
+        t.Step = QStringLiteral("Adding Record");
+        const auto record = m_records->CreateRecord(sKey, sData, oTag, sParentKey);
+        if (!record)
+            return;
+        const auto parent = record->Parent();
+        zel::detail::ComboRecordAccess::SetLevel(*record, parent ? parent->Level() + 1 : 0);
+        result = record;
+
+        t.Step = QStringLiteral("Adding Item");
+        // The parent row is found by the key as given, letter case and all.
+        const int parentRow = sParentKey.isEmpty() ? 0 : m_model->FindKey(sParentKey);
+        const int row = m_model->AddRow(parentRow, record, sData, sText,
+                                        m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
+        if (row == 0)
+            throw zelError(zelError::InvalidProcedureCall, QString(),
+                           QStringLiteral("The tree refused the row"));
+        if (parentRow != 0)
+            m_model->SetExpanded(parentRow, bExpandParent);
+        t.Step = QStringLiteral("Finished");
+    });
+    m_selection->ItemAdded();
+    return result;
+}
+
+void zelTreeList::Clear()
+{
+    zel::Trail t(this, "Clear");
+    t.Run([&] {
+        m_selection->Clear([this] {
+            m_records->ClearRecords();
+            if (m_model->RowCount() > 0)
+                m_model->Clear();
+        });
+    });
+}
+
+bool zelTreeList::SelectItem(const QString &sKey)
+{
+    bool found = false;
+    zel::Trail t(this, "SelectItem");
+    t.Run([&] { found = m_selection->SelectItem(sKey); });
+    return found;
+}
+
+void zelTreeList::extGrid_SelectionChanged()
+{
+    zel::Trail t(this, "cboValue_SelectionChanged");
+    t.Run([&] { m_selection->SelectionChanged(); });
+}
+
+bool zelTreeList::ExpandItem(const QString &sKey, bool bExpanded)
+{
+    bool found = false;
+    zel::Trail t(this, "ExpandItem");
+    t.Run([&] {
+        const int row = m_model->FindKey(sKey);
+        found = row != 0;
+        if (found)
+            m_model->SetExpanded(row, bExpanded);
+    });
+    return found;
+}
+
+bool zelTreeList::PaintHeaderCells(qint32 lRow, qint32 lStartCol, qint32 lEndCol)
+{
+    bool painted = false;
+    zel::Trail t(this, "PaintHeaderCells");
+    t.Run([&] {
+        const qint64 row = lRow == -1 ? m_model->RowCount() : qint64(lRow) + 1;
+        const int first = lStartCol == -1 ? 0 : lStartCol;
+        const int last = lEndCol == -1 ? m_model->ColumnCount() - 1 : lEndCol;
+        if (row < 1 || row > m_model->RowCount() || first < 0 || last >= m_model->ColumnCount() ||
+            first > last)
+            throw zelError(zelError::SubscriptOutOfRange, QString(),
+                           QStringLiteral("No row %1 with columns %2 to %3")
+                               .arg(lRow)
+                               .arg(lStartCol)
+                               .arg(lEndCol));
+        for (int c = first; c <= last; ++c)
+            m_model->SetCellPaint(int(row), c, HeaderCellColour, true);
+        painted = true;
+    });
+    return painted;
+}
+
+void zelTreeList::ClearImages()
+{
+    zel::Trail t(this, "ClearImages");
+    t.Run([&] { m_images->ClearImages(); });
+}
+
+void zelTreeList::ReplaceImage(const QString &sKey, const QVariant &lHandle)
+{
+    zel::Trail t(this, "ReplaceImage");
+    t.Run([&] { m_images->ReplaceImage(sKey, lHandle); });
+}
+
+bool zelTreeList::UpdateImage(const QString &sKey, const QVariant &vImageKey)
+{
+    bool found = false;
+    zel::Trail t(this, "UpdateImage");
+    t.Run([&] {
+        const int row = m_model->FindKey(sKey);
+        found = row != 0;
+        if (found)
+            m_model->SetImage(row, m_images->ImageIndex(vImageKey));
+    });
+    return found;
+}
+
+void zelTreeList::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    zel::Trail t(this, "UserControl_Resize");
+    t.Run([&] {
+        m_extGrid->setGeometry(rect());
+        // The hidden last column is as wide as the control.
+        if (m_model->ColumnCount() > 0)
+            m_extGrid->header()->resizeSection(m_model->ColumnCount() - 1, width());
+    });
+}
+
+bool zelTreeList::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_extGrid || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    bool swallowed = false;
+    zel::Trail t(this, "cboValue_KeyPress");
+    t.Run([&] {
+        if (m_enabled && zel::KeyAscii(static_cast<QKeyEvent *>(event)) == 13) {
+            zel::platform().SendTab(m_extGrid);
+            swallowed = true;
+        }
+    });
+    return swallowed || QWidget::eventFilter(watched, event);
+}
