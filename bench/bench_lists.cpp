@@ -8,6 +8,13 @@
 // loop, as a host's would once it returns to its loop. Every side builds the
 // same rows: three texts and a key, the key kept with the row's first cell.
 
+#if __has_include("lists/zelCombo.h")
+#define HAVE_COMBO 1
+#include "lists/zelCombo.h"
+#include "lists/zelComboTree.h"
+#endif
+#include "lists/zelTreeList.h"
+
 #include "zelBench.h"
 
 #include <benchmark/benchmark.h>
@@ -47,11 +54,11 @@ Rows makeRows(size_t n, bool randomTexts)
     std::mt19937 rng(7);
     std::uniform_int_distribution<int> d(0, 99999999);
     for (size_t i = 0; i < n; ++i) {
-        std::array<QString, 3> c{randomTexts ? QStringLiteral("Layer %1").arg(d(rng), 8, 10,
-                                                                               QLatin1Char('0'))
-                                             : QStringLiteral("Layer %1").arg(i),
-                                 QString::number(double(i % 9973) * 1.25, 'f', 2),
-                                 QStringLiteral("Group %1").arg(i % 17)};
+        std::array<QString, 3> c{
+            randomTexts ? QStringLiteral("Layer %1").arg(d(rng), 8, 10, QLatin1Char('0'))
+                        : QStringLiteral("Layer %1").arg(i),
+            QString::number(double(i % 9973) * 1.25, 'f', 2),
+            QStringLiteral("Group %1").arg(i % 17)};
         r.keys.push_back(QStringLiteral("K%1").arg(i));
         r.texts.push_back(c[0] + QLatin1Char('\t') + c[1] + QLatin1Char('\t') + c[2]);
         r.cells.push_back(std::move(c));
@@ -81,11 +88,11 @@ const Rows &flatRows(size_t n)
 
 // The tree shape: row r is root r / (1 + kChildrenPerRoot) when
 // r % (1 + kChildrenPerRoot) == 0, otherwise a child of that root.
-[[maybe_unused]] bool isRoot(size_t r)
+bool isRoot(size_t r)
 {
     return r % (1 + kChildrenPerRoot) == 0;
 }
-[[maybe_unused]] const QString &parentKey(const Rows &rows, size_t r)
+const QString &parentKey(const Rows &rows, size_t r)
 {
     return rows.keys[r - r % (1 + kChildrenPerRoot)];
 }
@@ -148,8 +155,8 @@ void BM_QtCombo_Fill(benchmark::State &state)
 // addTopLevelItems. The key is in Qt::UserRole of column 0.
 QTreeWidgetItem *treeWidgetItem(const Rows &rows, size_t i)
 {
-    auto *item = new QTreeWidgetItem(
-        QStringList{rows.cells[i][0], rows.cells[i][1], rows.cells[i][2]});
+    auto *item =
+        new QTreeWidgetItem(QStringList{rows.cells[i][0], rows.cells[i][1], rows.cells[i][2]});
     item->setData(0, Qt::UserRole, rows.keys[i]);
     return item;
 }
@@ -253,6 +260,206 @@ void BM_QtTreeWidget_ExpandToDepth(benchmark::State &state)
         state.SkipWithError("not expanded to depth 0");
 }
 
+// ---- The library ----------------------------------------------------------
+
+// Three columns, as the Qt side's header labels.
+const QString kColumns = QStringLiteral("<Layer~120\t>Scale~60\t<Group~80");
+
+#ifdef HAVE_COMBO
+std::unique_ptr<zelCombo> newCombo()
+{
+    auto c = std::make_unique<zelCombo>();
+    c->resize(300, 24);
+    c->SetColumns(kColumns);
+    return c;
+}
+
+// AddItem of every row (key, three tab-joined texts) inside one
+// BeginUpdate/EndUpdate.
+void fillCombo(zelCombo &c, const Rows &r, size_t n)
+{
+    c.BeginUpdate();
+    for (size_t i = 0; i < n; ++i)
+        c.AddItem(r.keys[i], r.texts[i]);
+    c.EndUpdate();
+}
+
+void BM_Combo_AddItem(benchmark::State &state)
+{
+    const size_t n = size_t(state.range(0));
+    const Rows &r = flatRows(n);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto c = newCombo();
+        state.ResumeTiming();
+        fillCombo(*c, r, n);
+        finishFill();
+        state.PauseTiming();
+        if (c->Records()->Count() != qint32(n))
+            state.SkipWithError("rows missing");
+        c.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
+}
+
+#endif
+// The tree shape of the Qt side: roots first in their turn, each followed by
+// its children, which name it as parent. Parents stay collapsed
+// (bExpandParent false), as the QTreeWidget's do.
+template <typename List> void fillTree(List &l, const Rows &r)
+{
+    for (size_t i = 0; i < kTreeRows; ++i)
+        l.AddItem(isRoot(i) ? QString() : parentKey(r, i), r.keys[i], r.texts[i], QString(), {}, {},
+                  true, false);
+}
+
+std::unique_ptr<zelTreeList> newTreeList()
+{
+    auto t = std::make_unique<zelTreeList>();
+    t->resize(600, 400);
+    t->SetColumns(kColumns);
+    return t;
+}
+
+// The tree list has no BeginUpdate: the rows go in one AddItem each.
+void BM_TreeList_AddItem(benchmark::State &state)
+{
+    const Rows &r = flatRows(kTreeRows);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto t = newTreeList();
+        state.ResumeTiming();
+        fillTree(*t, r);
+        finishFill();
+        state.PauseTiming();
+        if (t->Records()->Count() != qint32(kTreeRows))
+            state.SkipWithError("rows missing");
+        t.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+}
+
+#ifdef HAVE_COMBO
+// The combo tree inside one BeginUpdate/EndUpdate.
+void BM_ComboTree_AddItem(benchmark::State &state)
+{
+    const Rows &r = flatRows(kTreeRows);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto c = std::make_unique<zelComboTree>();
+        c->resize(300, 24);
+        c->SetColumns(kColumns);
+        state.ResumeTiming();
+        c->BeginUpdate();
+        fillTree(*c, r);
+        c->EndUpdate();
+        finishFill();
+        state.PauseTiming();
+        if (c->Records()->Count() != qint32(kTreeRows))
+            state.SkipWithError("rows missing");
+        c.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+}
+
+// One shown, filled combo per size, kept for the by-key case and dropped
+// before the application ends.
+std::map<size_t, std::unique_ptr<zelCombo>> &filledCombos()
+{
+    static std::map<size_t, std::unique_ptr<zelCombo>> combos;
+    return combos;
+}
+
+// SelectItem of keys spread over the whole list. The loop runs (untimed)
+// every 64 calls, as a host's would between user actions: repainting is the
+// same work at either size, and left undone it would pile up.
+void BM_Combo_SelectItem(benchmark::State &state)
+{
+    const size_t n = size_t(state.range(0));
+    const Rows &r = flatRows(n);
+    auto &c = filledCombos()[n];
+    if (!c) {
+        c = newCombo();
+        fillCombo(*c, r, n);
+        c->show();
+        QCoreApplication::processEvents();
+    }
+    std::mt19937 rng(11);
+    std::uniform_int_distribution<size_t> d(0, n - 1);
+    std::vector<size_t> picks(4096);
+    for (auto &i : picks)
+        i = d(rng);
+    size_t k = 0;
+    for (auto _ : state) {
+        if (!c->SelectItem(r.keys[picks[k & 4095]]))
+            state.SkipWithError("key not found");
+        if ((++k & 63) == 0) {
+            state.PauseTiming();
+            QCoreApplication::processEvents();
+            state.ResumeTiming();
+        }
+    }
+}
+
+#endif
+// ExpandLevel 1 on a shown tree list of 1,000 roots: every root expanded,
+// every child collapsed. ExpandLevel 0 collapses the roots again, untimed,
+// before each turn.
+void BM_TreeList_ExpandLevel(benchmark::State &state)
+{
+    const Rows &r = flatRows(kTreeRows);
+    auto t = newTreeList();
+    fillTree(*t, r);
+    t->show();
+    QCoreApplication::processEvents();
+    for (auto _ : state) {
+        state.PauseTiming();
+        t->SetExpandLevel(0);
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+        t->SetExpandLevel(1);
+        finishFill();
+    }
+}
+
+#ifdef HAVE_COMBO
+// AddItem of rows whose first texts come in random order, one by one
+// outside BeginUpdate/EndUpdate, into a combo with Sorted true or false.
+void addShuffled(benchmark::State &state, bool sorted)
+{
+    const size_t n = size_t(state.range(0));
+    const Rows &r = shuffledRows(n);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto c = newCombo();
+        c->SetSorted(sorted);
+        state.ResumeTiming();
+        for (size_t i = 0; i < n; ++i)
+            c->AddItem(r.keys[i], r.texts[i]);
+        finishFill();
+        state.PauseTiming();
+        if (c->Records()->Count() != qint32(n))
+            state.SkipWithError("rows missing");
+        c.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
+}
+
+void BM_Combo_AddItemSorted(benchmark::State &state)
+{
+    addShuffled(state, true);
+}
+
+void BM_Combo_AddItemUnsorted(benchmark::State &state)
+{
+    addShuffled(state, false);
+}
+
+#endif
 } // namespace
 
 // Each fill runs a few times; the fastest repetition counts (see Collector).
@@ -287,10 +494,82 @@ BENCHMARK(BM_QtTreeWidget_ExpandToDepth)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
+#ifdef HAVE_COMBO
+BENCHMARK(BM_Combo_AddItem)
+    ->Arg(100000)
+    ->Iterations(1)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#endif
+#ifdef HAVE_COMBO
+BENCHMARK(BM_Combo_AddItem)
+    ->Arg(1000000)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#endif
+BENCHMARK(BM_TreeList_AddItem)
+    ->Arg(kTreeRows)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#ifdef HAVE_COMBO
+BENCHMARK(BM_ComboTree_AddItem)
+    ->Arg(kTreeRows)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#endif
+BENCHMARK(BM_TreeList_ExpandLevel)
+    ->Arg(kTreeRows)
+    ->Iterations(3)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#ifdef HAVE_COMBO
+BENCHMARK(BM_Combo_SelectItem)->Arg(10000)->Arg(1000000)->Repetitions(3)->UseRealTime();
+#endif
+#ifdef HAVE_COMBO
+BENCHMARK(BM_Combo_AddItemSorted)
+    ->Arg(100000)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#endif
+#ifdef HAVE_COMBO
+BENCHMARK(BM_Combo_AddItemUnsorted)
+    ->Arg(100000)
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+#endif
+
 int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    return zelbench::RunAndCompare(argc, argv, {});
+    const int rc = zelbench::RunAndCompare(
+        argc, argv,
+        {{"lists_combo_fill_1e6", "BM_Combo_AddItem/1000000", "BM_QtCombo_Fill/1000000"},
+         {"lists_combo_fill_1e5", "BM_Combo_AddItem/100000", "BM_QtCombo_Fill/100000"},
+         {"lists_treelist_fill_1e6", "BM_TreeList_AddItem/1000000", "BM_QtTreeWidget_Fill/1000000"},
+         {"lists_combotree_fill_1e6", "BM_ComboTree_AddItem/1000000",
+          "BM_QtComboTree_Fill/1000000"},
+         {"lists_selectitem_1e6_vs_1e4", "BM_Combo_SelectItem/1000000",
+          "BM_Combo_SelectItem/10000"},
+         {"lists_expandlevel_1e6", "BM_TreeList_ExpandLevel/1000000",
+          "BM_QtTreeWidget_ExpandToDepth/1000000"},
+         {"lists_sorted_fill_1e5_vs_unsorted", "BM_Combo_AddItemSorted/100000",
+          "BM_Combo_AddItemUnsorted/100000"}});
+#ifdef HAVE_COMBO
+    filledCombos().clear();
+#endif
+    return rc;
 }
