@@ -35,6 +35,8 @@ const zelDesignerEntry kEntries[] = {
     {"zelGridList", "grid/zelGridList.h",
      "Grid of rows and typed columns with its own Add, Remove and Properties buttons", 4800, 2400},
 #endif
+    {"zelTreeList", "lists/zelTreeList.h",
+     "Multi-column tree of keyed records with pictures, expanded by key or by depth", 3600, 2400},
 };
 
 const QString kGroup = QStringLiteral("zelCtrl");

@@ -63,8 +63,10 @@ public:
     {
         const QModelIndex i = m.m_model->IndexOf(row);
         m.m_extGrid->scrollTo(i);
-        m.m_extGrid->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect |
-                                                              QItemSelectionModel::Rows);
+        // A disabled row is shown but not chosen: nothing changes, no event.
+        if (m.m_model->IsEnabled(row))
+            m.m_extGrid->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect |
+                                                                  QItemSelectionModel::Rows);
     }
     void UnselectRow(qint32 row) override
     {
@@ -104,12 +106,19 @@ zelTreeList::zelTreeList(QWidget *parent)
         m_extGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
         m_extGrid->setAllColumnsShowFocus(true);
         m_extGrid->header()->setStretchLastSection(false);
+        // A column is as narrow as its specification says, not the style's minimum.
+        m_extGrid->header()->setMinimumSectionSize(1);
         m_extGrid->installEventFilter(this);
         setFocusProxy(m_extGrid);
         connect(m_images, &zel::zelImageList::ImagesChanged, m_extGrid->viewport(),
                 qOverload<>(&QWidget::update));
+        // Qt also reports a change of the current row alone as an empty
+        // change of selection; only a real change is one for the host.
         connect(m_extGrid->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-                [this] { extGrid_SelectionChanged(); });
+                [this](const QItemSelection &on, const QItemSelection &off) {
+                    if (!on.isEmpty() || !off.isEmpty())
+                        extGrid_SelectionChanged();
+                });
         // The model keeps each row's expansion, so that it outlives a reset;
         // the tree shows it, and what the user opens or closes goes back.
         connect(m_model, &zelRecordModel::ExpandRequested, this,

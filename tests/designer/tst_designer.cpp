@@ -147,6 +147,7 @@ private slots:
         row("zelColorPicker", "BackColor", 0x00FF8000u);
         row("zelStdButtons", "OKasClose", true);
         row("zelGridList", "CheckBoxes", true);
+        row("zelTreeList", "HeaderVisible", false);
     }
 
     void propertySetInDesignerReachesTheRunningForm()
