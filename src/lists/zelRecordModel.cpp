@@ -1,0 +1,543 @@
+#include "lists/zelRecordModel.h"
+
+#include "platform/zelPlatform.h"
+
+#include <QBrush>
+#include <QFont>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+bool lessCaption(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive) < 0;
+}
+
+Qt::Alignment alignmentOf(int a)
+{
+    switch (a) {
+    case 0:
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    case 2:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    default:
+        return Qt::AlignCenter;
+    }
+}
+
+const std::vector<int> noChildren;
+
+} // namespace
+
+zelRecordModel::zelRecordModel(QObject *parent) : QAbstractItemModel(parent) {}
+
+zelRecordModel::~zelRecordModel() = default;
+
+void zelRecordModel::touch()
+{
+    if (m_updating > 0 && !m_resetting) {
+        beginResetModel();
+        m_resetting = true;
+    }
+}
+
+void zelRecordModel::SetColumns(QList<zel::zelColumnDesc> columns)
+{
+    if (m_updating > 0 || columns.size() != m_columns.size()) {
+        if (m_updating == 0)
+            beginResetModel();
+        touch();
+        m_columns = std::move(columns);
+        if (m_updating == 0)
+            endResetModel();
+        return;
+    }
+    emit layoutAboutToBeChanged();
+    m_columns = std::move(columns);
+    emit layoutChanged();
+    if (!m_columns.isEmpty())
+        emit headerDataChanged(Qt::Horizontal, 0, int(m_columns.size()) - 1);
+}
+
+void zelRecordModel::SetTreeColumn(int column)
+{
+    if (column == m_treeColumn)
+        return;
+    touch();
+    m_treeColumn = column;
+    if (m_updating == 0 && !m_rows.empty()) {
+        emit layoutAboutToBeChanged();
+        emit layoutChanged();
+    }
+}
+
+zelRecordModel::Kids *zelRecordModel::kidsOf(int parentHandle) const
+{
+    if (parentHandle == 0)
+        return &m_root;
+    return IsRow(parentHandle) ? row(parentHandle).kids.get() : nullptr;
+}
+
+void zelRecordModel::sortKids(Kids &k) const
+{
+    std::vector<std::pair<QStringView, int>> keyed;
+    keyed.reserve(k.handles.size());
+    for (const int h : k.handles)
+        keyed.emplace_back(sortText(h), h);
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto &a, const auto &b) { return lessCaption(a.first, b.first); });
+    for (size_t i = 0; i < keyed.size(); ++i) {
+        k.handles[i] = keyed[i].second;
+        row(keyed[i].second).pos = int(i);
+    }
+    k.order = Order::InOrder;
+}
+
+const std::vector<int> &zelRecordModel::children(int parentHandle) const
+{
+    Kids *k = kidsOf(parentHandle);
+    if (!k)
+        return noChildren;
+    if (k->order == Order::Pending)
+        sortKids(*k);
+    return k->handles;
+}
+
+int zelRecordModel::posOf(int handle) const
+{
+    const Row &r = row(handle);
+    const std::vector<int> &siblings = children(r.parent);
+    if (size_t(r.pos) < siblings.size() && siblings[size_t(r.pos)] == handle)
+        return r.pos;
+    // Inserted or sorted rows moved their siblings: number them all again.
+    for (size_t i = 0; i < siblings.size(); ++i)
+        row(siblings[i]).pos = int(i);
+    return r.pos;
+}
+
+QStringView zelRecordModel::cell(int handle, int column) const
+{
+    QStringView rest(row(handle).texts);
+    for (int c = 0; c < column; ++c) {
+        const qsizetype tab = rest.indexOf(u'\t');
+        if (tab < 0)
+            return {};
+        rest = rest.mid(tab + 1);
+    }
+    const qsizetype tab = rest.indexOf(u'\t');
+    return tab < 0 ? rest : rest.left(tab);
+}
+
+QStringView zelRecordModel::sortText(int handle) const
+{
+    if (m_treeColumn == 0) {
+        const auto it = m_treeTexts.constFind(handle);
+        if (it != m_treeTexts.constEnd())
+            return *it;
+    }
+    return cell(handle, 0);
+}
+
+QString zelRecordModel::CellText(int handle, int column) const
+{
+    if (!IsRow(handle) || column < 0)
+        return {};
+    if (column == m_treeColumn) {
+        const auto it = m_treeTexts.constFind(handle);
+        if (it != m_treeTexts.constEnd())
+            return *it;
+        return cell(handle, 0).toString();
+    }
+    return cell(handle, column).toString();
+}
+
+QString zelRecordModel::keyOf(const Row &r) const
+{
+    return r.record ? r.record->Key() : QString();
+}
+
+void zelRecordModel::hashInsert(int handle)
+{
+    if (m_slots.size() < m_rows.size() * 2) {
+        std::vector<int> old(std::max<size_t>(16, m_slots.size() * 2), 0);
+        old.swap(m_slots);
+        for (const int h : old)
+            if (h)
+                hashInsert(h);
+    }
+    const QString key = keyOf(row(handle));
+    const size_t mask = m_slots.size() - 1;
+    for (size_t i = qHash(key) & mask;; i = (i + 1) & mask) {
+        if (m_slots[i] == 0) {
+            m_slots[i] = handle;
+            return;
+        }
+        if (keyOf(row(m_slots[i])) == key) {
+            // The walk decides between rows that share a key.
+            m_sharedKeys.insert(key);
+            return;
+        }
+    }
+}
+
+int zelRecordModel::FindKey(const QString &key) const
+{
+    if (m_slots.empty())
+        return 0;
+    if (!m_sharedKeys.isEmpty() && m_sharedKeys.contains(key)) {
+        std::vector<int> stack(children(0).rbegin(), children(0).rend());
+        while (!stack.empty()) {
+            const int h = stack.back();
+            stack.pop_back();
+            if (keyOf(row(h)) == key)
+                return h;
+            const std::vector<int> &kids = children(h);
+            stack.insert(stack.end(), kids.rbegin(), kids.rend());
+        }
+        return 0;
+    }
+    const size_t mask = m_slots.size() - 1;
+    for (size_t i = qHash(key) & mask; m_slots[i] != 0; i = (i + 1) & mask)
+        if (keyOf(row(m_slots[i])) == key)
+            return m_slots[i];
+    return 0;
+}
+
+int zelRecordModel::AddRow(int parentHandle, RecordPtr record, const QString &texts,
+                           const QString &treeText, int imageIndex, bool enabled, bool sorted)
+{
+    if (parentHandle != 0 && !IsRow(parentHandle))
+        return 0;
+    if (m_rows.size() >= size_t(std::numeric_limits<int>::max() / 2))
+        return 0;
+    touch();
+    Row r;
+    r.record = std::move(record);
+    r.texts = texts;
+    r.parent = parentHandle;
+    r.image = imageIndex;
+    r.enabled = enabled;
+    m_rows.push_back(std::move(r));
+    const int h = int(m_rows.size());
+    if (!treeText.isEmpty())
+        m_treeTexts.insert(h, treeText);
+    hashInsert(h);
+
+    Kids *k = kidsOf(parentHandle);
+    if (!k) {
+        row(parentHandle).kids = std::make_unique<Kids>();
+        k = row(parentHandle).kids.get();
+    }
+    auto &hs = k->handles;
+    const auto afterLast = [&] {
+        return hs.empty() || !lessCaption(sortText(h), sortText(hs.back()));
+    };
+
+    if (m_updating > 0) {
+        // Sorted adds only append and leave one stable sort for later, which
+        // gives what a sort after each of them would; an unsorted add must
+        // see that sort done first.
+        if (!sorted && k->order == Order::Pending)
+            sortKids(*k);
+        const Order was = k->order;
+        if (k->order == Order::InOrder && !afterLast())
+            k->order = sorted ? Order::Pending : Order::Unsorted;
+        else if (sorted && k->order == Order::Unsorted)
+            k->order = Order::Pending;
+        if (k->order == Order::Pending && was != Order::Pending)
+            m_pending.push_back(parentHandle);
+        row(h).pos = int(hs.size());
+        hs.push_back(h);
+        return h;
+    }
+
+    size_t pos = hs.size();
+    if (sorted) {
+        if (k->order != Order::InOrder)
+            sortWithSignals(parentHandle, *k);
+        if (!afterLast())
+            pos = size_t(std::upper_bound(hs.begin(), hs.end(), h,
+                                          [this](int a, int b) {
+                                              return lessCaption(sortText(a), sortText(b));
+                                          }) -
+                         hs.begin());
+    } else if (!afterLast()) {
+        k->order = Order::Unsorted;
+    }
+    beginInsertRows(IndexOf(parentHandle), int(pos), int(pos));
+    hs.insert(hs.begin() + qsizetype(pos), h);
+    row(h).pos = int(pos);
+    endInsertRows();
+    return h;
+}
+
+void zelRecordModel::sortWithSignals(int parentHandle, Kids &k)
+{
+    const QList<QPersistentModelIndex> parents{IndexOf(parentHandle)};
+    emit layoutAboutToBeChanged(parents, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    sortKids(k);
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex &i : before)
+        after.append(createIndex(posOf(int(i.internalId())), i.column(), i.internalId()));
+    changePersistentIndexList(before, after);
+    emit layoutChanged(parents, QAbstractItemModel::VerticalSortHint);
+}
+
+void zelRecordModel::Clear()
+{
+    if (m_updating == 0)
+        beginResetModel();
+    touch();
+    m_rows.clear();
+    m_rows.shrink_to_fit();
+    m_root = Kids();
+    m_slots.clear();
+    m_slots.shrink_to_fit();
+    m_sharedKeys.clear();
+    m_treeTexts.clear();
+    m_paint.clear();
+    m_pending.clear();
+    if (m_updating == 0)
+        endResetModel();
+}
+
+void zelRecordModel::BeginUpdate()
+{
+    ++m_updating;
+}
+
+void zelRecordModel::EndUpdate()
+{
+    if (m_updating == 0 || --m_updating > 0)
+        return;
+    for (const int p : m_pending)
+        (void)children(p);
+    m_pending.clear();
+    if (m_resetting) {
+        m_resetting = false;
+        endResetModel();
+        emitExpansions();
+    }
+}
+
+void zelRecordModel::emitExpansions()
+{
+    for (int h = 1; h <= int(m_rows.size()); ++h)
+        if (row(h).expanded)
+            emit ExpandRequested(IndexOf(h), true);
+}
+
+QString zelRecordModel::KeyOf(int handle) const
+{
+    return IsRow(handle) ? keyOf(row(handle)) : QString();
+}
+
+zelRecordModel::RecordPtr zelRecordModel::RecordOf(int handle) const
+{
+    return IsRow(handle) ? row(handle).record : RecordPtr();
+}
+
+QString zelRecordModel::TextsOf(int handle) const
+{
+    return IsRow(handle) ? row(handle).texts : QString();
+}
+
+int zelRecordModel::HandleOf(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.model() != this)
+        return 0;
+    const int h = int(index.internalId());
+    return IsRow(h) ? h : 0;
+}
+
+QModelIndex zelRecordModel::IndexOf(int handle, int column) const
+{
+    if (!IsRow(handle) || column < 0 || column >= ColumnCount())
+        return {};
+    return createIndex(posOf(handle), column, quintptr(handle));
+}
+
+int zelRecordModel::ChildCount(int parentHandle) const
+{
+    const Kids *k = kidsOf(parentHandle);
+    return k ? int(k->handles.size()) : 0;
+}
+
+int zelRecordModel::ChildAt(int parentHandle, int position) const
+{
+    const std::vector<int> &kids = children(parentHandle);
+    return position >= 0 && size_t(position) < kids.size() ? kids[size_t(position)] : 0;
+}
+
+int zelRecordModel::ParentOf(int handle) const
+{
+    return IsRow(handle) ? row(handle).parent : 0;
+}
+
+int zelRecordModel::Depth(int handle) const
+{
+    int depth = 0;
+    for (int p = ParentOf(handle); p != 0; p = ParentOf(p))
+        ++depth;
+    return depth;
+}
+
+void zelRecordModel::rowChanged(int handle)
+{
+    touch();
+    if (m_updating == 0 && ColumnCount() > 0)
+        emit dataChanged(IndexOf(handle, 0), IndexOf(handle, ColumnCount() - 1));
+}
+
+void zelRecordModel::SetImageProvider(ImageProvider provider)
+{
+    m_images = std::move(provider);
+    if (m_updating == 0 && !m_rows.empty()) {
+        emit layoutAboutToBeChanged();
+        emit layoutChanged();
+    }
+}
+
+void zelRecordModel::SetImage(int handle, int imageIndex)
+{
+    if (!IsRow(handle) || row(handle).image == imageIndex)
+        return;
+    row(handle).image = imageIndex;
+    rowChanged(handle);
+}
+
+int zelRecordModel::Image(int handle) const
+{
+    return IsRow(handle) ? row(handle).image : 0;
+}
+
+void zelRecordModel::SetEnabled(int handle, bool enabled)
+{
+    if (!IsRow(handle) || row(handle).enabled == enabled)
+        return;
+    row(handle).enabled = enabled;
+    rowChanged(handle);
+}
+
+bool zelRecordModel::IsEnabled(int handle) const
+{
+    return IsRow(handle) && row(handle).enabled;
+}
+
+void zelRecordModel::SetExpanded(int handle, bool expanded)
+{
+    if (!IsRow(handle))
+        return;
+    row(handle).expanded = expanded;
+    if (m_updating == 0)
+        emit ExpandRequested(IndexOf(handle), expanded);
+}
+
+bool zelRecordModel::IsExpanded(int handle) const
+{
+    return IsRow(handle) && row(handle).expanded;
+}
+
+void zelRecordModel::SetCellPaint(int handle, int column, quint32 backColour, bool bold)
+{
+    if (!IsRow(handle) || column < 0)
+        return;
+    m_paint.insert((quint64(handle) << 32) | quint32(column), CellPaint{backColour, bold});
+    rowChanged(handle);
+}
+
+QModelIndex zelRecordModel::index(int r, int column, const QModelIndex &parent) const
+{
+    if (column < 0 || column >= ColumnCount() || (parent.isValid() && parent.column() != 0))
+        return {};
+    const int p = parent.isValid() ? HandleOf(parent) : 0;
+    if (parent.isValid() && p == 0)
+        return {};
+    const std::vector<int> &kids = children(p);
+    if (r < 0 || size_t(r) >= kids.size())
+        return {};
+    return createIndex(r, column, quintptr(kids[size_t(r)]));
+}
+
+QModelIndex zelRecordModel::parent(const QModelIndex &child) const
+{
+    const int h = HandleOf(child);
+    const int p = h ? row(h).parent : 0;
+    return p ? createIndex(posOf(p), 0, quintptr(p)) : QModelIndex();
+}
+
+int zelRecordModel::rowCount(const QModelIndex &parent) const
+{
+    if (!parent.isValid())
+        return int(m_root.handles.size());
+    if (parent.column() != 0)
+        return 0;
+    return ChildCount(HandleOf(parent));
+}
+
+int zelRecordModel::columnCount(const QModelIndex &) const
+{
+    return ColumnCount();
+}
+
+QVariant zelRecordModel::data(const QModelIndex &index, int role) const
+{
+    const int h = HandleOf(index);
+    const int c = index.column();
+    if (!h || c >= ColumnCount())
+        return {};
+    const Row &r = row(h);
+    switch (role) {
+    case Qt::DisplayRole:
+        return CellText(h, c);
+    case Qt::UserRole:
+        return c == 0 ? QVariant(keyOf(r)) : QVariant();
+    case Qt::DecorationRole:
+        if ((c == 0 || c == m_treeColumn) && r.image > 0 && m_images)
+            return m_images(r.image);
+        return {};
+    case Qt::TextAlignmentRole: {
+        const int a = m_columns[c].alignment;
+        return a < 0 ? QVariant() : QVariant::fromValue(alignmentOf(a));
+    }
+    case Qt::BackgroundRole:
+    case Qt::FontRole: {
+        const auto it = m_paint.constFind((quint64(h) << 32) | quint32(c));
+        if (it == m_paint.constEnd())
+            return {};
+        if (role == Qt::BackgroundRole)
+            return QBrush(zel::ToQColor(it->back));
+        if (!it->bold)
+            return {};
+        QFont f;
+        f.setBold(true);
+        return f;
+    }
+    default:
+        return {};
+    }
+}
+
+QVariant zelRecordModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount())
+        return QAbstractItemModel::headerData(section, orientation, role);
+    const zel::zelColumnDesc &d = m_columns[section];
+    if (role == Qt::DisplayRole)
+        return d.caption;
+    if (role == Qt::TextAlignmentRole && d.alignment >= 0)
+        return QVariant::fromValue(alignmentOf(d.alignment));
+    return {};
+}
+
+Qt::ItemFlags zelRecordModel::flags(const QModelIndex &index) const
+{
+    const int h = HandleOf(index);
+    if (!h || !row(h).enabled)
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+}

@@ -1,0 +1,179 @@
+#pragma once
+
+// The rows of a combo, a tree list or a combo tree, for the tree views that
+// show them. Each row is held once: the record it belongs to and the texts
+// it was added with (the tab-joined string, shared with the record's Data
+// as it was then, so a later write to Data does not change the row). Rows
+// are addressed by handles, 1 and up in the order they were added; 0 is
+// none. Handles stay valid until Clear.
+//
+// Sorting is by the caption of column 0, compared without regard to letter
+// case (Unicode case folding, no locale), and stable: rows with the same
+// caption keep the order in which they came. A sorted add leaves the
+// parent's rows as a stable sort of them after that add would; it inserts
+// at the upper bound when the parent's rows are known to be in order, and
+// sorts them once when unsorted adds came before. Inside BeginUpdate /
+// EndUpdate sorted adds only append, and each parent is sorted once when
+// the update ends or its rows are first read.
+
+#include "lists/zelColumnSpec.h"
+#include "lists/zelComboRecord.h"
+#include "zelCtrlExport.h"
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QIcon>
+#include <QList>
+#include <QSet>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class ZELCTRL_EXPORT zelRecordModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    using RecordPtr = std::shared_ptr<zelComboRecord>;
+    // The picture of a 1-based image index; the control knows its images.
+    using ImageProvider = std::function<QIcon(int index)>;
+
+    explicit zelRecordModel(QObject *parent = nullptr);
+    ~zelRecordModel() override;
+
+    // Columns: captions and alignment from the specification. The view
+    // applies widths and visibility itself.
+    void SetColumns(QList<zel::zelColumnDesc> columns);
+    const QList<zel::zelColumnDesc> &Columns() const { return m_columns; }
+    int ColumnCount() const { return int(m_columns.size()); }
+    // The column whose cell shows a row's tree text and its second image;
+    // -1 for none. 0 by default.
+    void SetTreeColumn(int column);
+    int TreeColumn() const { return m_treeColumn; }
+
+    // A new row under parentHandle (0: at the top); 0 when parentHandle is
+    // not a row. texts are the column texts joined by tabs; treeText is
+    // shown in the tree column (text 0 when empty). imageIndex 0: no image.
+    int AddRow(int parentHandle, RecordPtr record, const QString &texts,
+               const QString &treeText = QString(), int imageIndex = 0, bool enabled = true,
+               bool sorted = false);
+    // Every row goes (one model reset); the records are the caller's.
+    void Clear();
+
+    // The row whose record key equals key exactly (letter case counts), as
+    // a walk of the rows in display order (depth first) would find it; 0
+    // when none. Constant time unless two rows share a key.
+    int FindKey(const QString &key) const;
+    // "" for a handle that is not a row.
+    QString KeyOf(int handle) const;
+    RecordPtr RecordOf(int handle) const;
+    QString TextsOf(int handle) const;
+    // What the cell shows: text `column` of the row, or the tree text in
+    // the tree column.
+    QString CellText(int handle, int column) const;
+    bool IsRow(int handle) const { return handle >= 1 && handle <= int(m_rows.size()); }
+
+    int HandleOf(const QModelIndex &index) const;
+    QModelIndex IndexOf(int handle, int column = 0) const;
+    // All rows, at every depth.
+    int RowCount() const { return int(m_rows.size()); }
+    int ChildCount(int parentHandle) const;
+    // The child at 0-based position under parentHandle (0: top level); 0
+    // when there is none.
+    int ChildAt(int parentHandle, int position) const;
+    int ParentOf(int handle) const;
+    // 0 for a top-level row.
+    int Depth(int handle) const;
+
+    void SetImageProvider(ImageProvider provider);
+    void SetImage(int handle, int imageIndex);
+    int Image(int handle) const;
+    // A disabled row can be neither selected nor chosen.
+    void SetEnabled(int handle, bool enabled);
+    bool IsEnabled(int handle) const;
+    // Kept here so that it survives the reset at the end of an update; the
+    // view follows ExpandRequested.
+    void SetExpanded(int handle, bool expanded);
+    bool IsExpanded(int handle) const;
+    // A cell painted as a header: background colour (0x00BBGGRR) and bold.
+    void SetCellPaint(int handle, int column, quint32 backColour, bool bold);
+
+    // Nested. Adds inside an update tell the views nothing until the
+    // outermost EndUpdate, which resets the model once if anything changed.
+    void BeginUpdate();
+    void EndUpdate();
+    bool IsUpdating() const { return m_updating > 0; }
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+signals:
+    // A row's expansion is to be shown: after SetExpanded outside an
+    // update, and for every expanded row after the reset that ends one.
+    void ExpandRequested(const QModelIndex &index, bool expanded);
+
+private:
+    enum class Order : quint8
+    {
+        InOrder,
+        Unsorted,
+        Pending
+    };
+    struct Kids
+    {
+        std::vector<int> handles;
+        Order order = Order::InOrder;
+    };
+    struct Row
+    {
+        RecordPtr record;
+        QString texts;
+        std::unique_ptr<Kids> kids;
+        int parent = 0;
+        mutable int pos = 0; // position under the parent, checked before use
+        int image = 0;
+        bool enabled = true;
+        bool expanded = false;
+    };
+    struct CellPaint
+    {
+        quint32 back = 0;
+        bool bold = false;
+    };
+
+    const Row &row(int handle) const { return m_rows[size_t(handle - 1)]; }
+    Row &row(int handle) { return m_rows[size_t(handle - 1)]; }
+    Kids *kidsOf(int parentHandle) const;
+    const std::vector<int> &children(int parentHandle) const; // sorted when pending
+    int posOf(int handle) const;
+    QStringView sortText(int handle) const;
+    QStringView cell(int handle, int column) const;
+    void sortKids(Kids &k) const;
+    void sortWithSignals(int parentHandle, Kids &k);
+    void touch();
+    void hashInsert(int handle);
+    QString keyOf(const Row &r) const;
+    void emitExpansions();
+    void rowChanged(int handle);
+
+    QList<zel::zelColumnDesc> m_columns;
+    int m_treeColumn = 0;
+    std::vector<Row> m_rows;
+    mutable Kids m_root;
+    std::vector<int> m_slots; // open addressing over handles, by exact key
+    QSet<QString> m_sharedKeys;
+    QHash<int, QString> m_treeTexts;
+    QHash<quint64, CellPaint> m_paint;
+    mutable std::vector<int> m_pending;
+    ImageProvider m_images;
+    int m_updating = 0;
+    bool m_resetting = false;
+};
