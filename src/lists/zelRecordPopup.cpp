@@ -78,6 +78,8 @@ zelRecordPopup::zelRecordPopup(zelRecordCombo *owner, zelRecordModel *model, boo
     m_view->setItemsExpandable(tree);
     m_view->setExpandsOnDoubleClick(false);
     m_view->header()->setSectionsMovable(false);
+    // A column specification may ask for narrow columns.
+    m_view->header()->setMinimumSectionSize(1);
     if (!tree)
         m_view->setIndentation(0);
     // Expansion lives in the model, so that it outlasts the reset that ends
