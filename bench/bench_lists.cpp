@@ -8,11 +8,8 @@
 // loop, as a host's would once it returns to its loop. Every side builds the
 // same rows: three texts and a key, the key kept with the row's first cell.
 
-#if __has_include("lists/zelCombo.h")
-#define HAVE_COMBO 1
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
-#endif
 #include "lists/zelTreeList.h"
 
 #include "zelBench.h"
@@ -77,7 +74,7 @@ const Rows &flatRows(size_t n)
 }
 
 // Rows whose first texts come in random order, for sorted insertion.
-[[maybe_unused]] const Rows &shuffledRows(size_t n)
+const Rows &shuffledRows(size_t n)
 {
     static std::map<size_t, Rows> cache;
     auto it = cache.find(n);
@@ -265,7 +262,6 @@ void BM_QtTreeWidget_ExpandToDepth(benchmark::State &state)
 // Three columns, as the Qt side's header labels.
 const QString kColumns = QStringLiteral("<Layer~120\t>Scale~60\t<Group~80");
 
-#ifdef HAVE_COMBO
 std::unique_ptr<zelCombo> newCombo()
 {
     auto c = std::make_unique<zelCombo>();
@@ -303,7 +299,6 @@ void BM_Combo_AddItem(benchmark::State &state)
     state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
 }
 
-#endif
 // The tree shape of the Qt side: roots first in their turn, each followed by
 // its children, which name it as parent. Parents stay collapsed
 // (bExpandParent false), as the QTreeWidget's do.
@@ -341,7 +336,6 @@ void BM_TreeList_AddItem(benchmark::State &state)
     state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
 }
 
-#ifdef HAVE_COMBO
 // The combo tree inside one BeginUpdate/EndUpdate.
 void BM_ComboTree_AddItem(benchmark::State &state)
 {
@@ -404,7 +398,6 @@ void BM_Combo_SelectItem(benchmark::State &state)
     }
 }
 
-#endif
 // ExpandLevel 1 on a shown tree list of 1,000 roots: every root expanded,
 // every child collapsed. ExpandLevel 0 collapses the roots again, untimed,
 // before each turn.
@@ -425,7 +418,6 @@ void BM_TreeList_ExpandLevel(benchmark::State &state)
     }
 }
 
-#ifdef HAVE_COMBO
 // AddItem of rows whose first texts come in random order, one by one
 // outside BeginUpdate/EndUpdate, into a combo with Sorted true or false.
 void addShuffled(benchmark::State &state, bool sorted)
@@ -459,7 +451,6 @@ void BM_Combo_AddItemUnsorted(benchmark::State &state)
     addShuffled(state, false);
 }
 
-#endif
 } // namespace
 
 // Each fill runs a few times; the fastest repetition counts (see Collector).
@@ -494,61 +485,49 @@ BENCHMARK(BM_QtTreeWidget_ExpandToDepth)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-#ifdef HAVE_COMBO
 BENCHMARK(BM_Combo_AddItem)
     ->Arg(100000)
     ->Iterations(1)
     ->Repetitions(5)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#endif
-#ifdef HAVE_COMBO
 BENCHMARK(BM_Combo_AddItem)
     ->Arg(1000000)
     ->Iterations(1)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#endif
 BENCHMARK(BM_TreeList_AddItem)
     ->Arg(kTreeRows)
     ->Iterations(1)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#ifdef HAVE_COMBO
 BENCHMARK(BM_ComboTree_AddItem)
     ->Arg(kTreeRows)
     ->Iterations(1)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#endif
 BENCHMARK(BM_TreeList_ExpandLevel)
     ->Arg(kTreeRows)
     ->Iterations(3)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#ifdef HAVE_COMBO
 BENCHMARK(BM_Combo_SelectItem)->Arg(10000)->Arg(1000000)->Repetitions(3)->UseRealTime();
-#endif
-#ifdef HAVE_COMBO
 BENCHMARK(BM_Combo_AddItemSorted)
     ->Arg(100000)
     ->Iterations(1)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#endif
-#ifdef HAVE_COMBO
 BENCHMARK(BM_Combo_AddItemUnsorted)
     ->Arg(100000)
     ->Iterations(1)
     ->Repetitions(3)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-#endif
 
 int main(int argc, char **argv)
 {
@@ -568,8 +547,6 @@ int main(int argc, char **argv)
           "BM_QtTreeWidget_ExpandToDepth/1000000"},
          {"lists_sorted_fill_1e5_vs_unsorted", "BM_Combo_AddItemSorted/100000",
           "BM_Combo_AddItemUnsorted/100000"}});
-#ifdef HAVE_COMBO
     filledCombos().clear();
-#endif
     return rc;
 }
