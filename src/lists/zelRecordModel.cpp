@@ -160,32 +160,28 @@ QString zelRecordModel::keyOf(const Row &r) const
 
 void zelRecordModel::hashInsert(int handle)
 {
-    const QString key = keyOf(row(handle));
-    const quint32 hash = quint32(qHash(key));
     if (m_slots.size() < m_rows.size() * 2) {
         std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
         old.swap(m_slots);
-        // The stored hashes place the rows again without reading a record:
-        // at a million rows those reads are cache misses that cost more
-        // than the whole rest of an add.
         const size_t mask = m_slots.size() - 1;
         for (const Slot &s : old) {
-            if (s.handle == 0)
+            if (!s.handle)
                 continue;
             size_t i = s.hash & mask;
-            while (m_slots[i].handle != 0)
+            while (m_slots[i].handle)
                 i = (i + 1) & mask;
             m_slots[i] = s;
         }
     }
+    const QString key = keyOf(row(handle));
+    const size_t hash = qHash(key);
     const size_t mask = m_slots.size() - 1;
     for (size_t i = hash & mask;; i = (i + 1) & mask) {
-        Slot &s = m_slots[i];
-        if (s.handle == 0) {
-            s = {handle, hash};
+        if (m_slots[i].handle == 0) {
+            m_slots[i] = {hash, handle};
             return;
         }
-        if (s.hash == hash && keyOf(row(s.handle)) == key) {
+        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key) {
             // The walk decides between rows that share a key.
             m_sharedKeys.insert(key);
             return;
@@ -209,7 +205,7 @@ int zelRecordModel::FindKey(const QString &key) const
         }
         return 0;
     }
-    const quint32 hash = quint32(qHash(key));
+    const size_t hash = qHash(key);
     const size_t mask = m_slots.size() - 1;
     for (size_t i = hash & mask; m_slots[i].handle != 0; i = (i + 1) & mask)
         if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key)

@@ -174,12 +174,16 @@ private:
     int m_treeColumn = 0;
     std::vector<Row> m_rows;
     mutable Kids m_root;
+    // Open addressing over handles, by exact key. Each slot keeps its key's
+    // hash, so that a probe reaches a record only when the hashes agree and
+    // growing never reads a key again.
     struct Slot
     {
-        int handle = 0; // 0: free
-        quint32 hash = 0;
+        size_t hash = 0;
+        int handle = 0;
     };
-    std::vector<Slot> m_slots; // open addressing over handles, by exact key
+    std::vector<Slot> m_slots;
+
     QSet<QString> m_sharedKeys;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
