@@ -161,20 +161,27 @@ QString zelRecordModel::keyOf(const Row &r) const
 void zelRecordModel::hashInsert(int handle)
 {
     if (m_slots.size() < m_rows.size() * 2) {
-        std::vector<int> old(std::max<size_t>(16, m_slots.size() * 2), 0);
+        std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
         old.swap(m_slots);
-        for (const int h : old)
-            if (h)
-                hashInsert(h);
+        const size_t mask = m_slots.size() - 1;
+        for (const Slot &s : old) {
+            if (!s.handle)
+                continue;
+            size_t i = s.hash & mask;
+            while (m_slots[i].handle)
+                i = (i + 1) & mask;
+            m_slots[i] = s;
+        }
     }
     const QString key = keyOf(row(handle));
+    const size_t hash = qHash(key);
     const size_t mask = m_slots.size() - 1;
-    for (size_t i = qHash(key) & mask;; i = (i + 1) & mask) {
-        if (m_slots[i] == 0) {
-            m_slots[i] = handle;
+    for (size_t i = hash & mask;; i = (i + 1) & mask) {
+        if (m_slots[i].handle == 0) {
+            m_slots[i] = {hash, handle};
             return;
         }
-        if (keyOf(row(m_slots[i])) == key) {
+        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key) {
             // The walk decides between rows that share a key.
             m_sharedKeys.insert(key);
             return;
@@ -198,10 +205,11 @@ int zelRecordModel::FindKey(const QString &key) const
         }
         return 0;
     }
+    const size_t hash = qHash(key);
     const size_t mask = m_slots.size() - 1;
-    for (size_t i = qHash(key) & mask; m_slots[i] != 0; i = (i + 1) & mask)
-        if (keyOf(row(m_slots[i])) == key)
-            return m_slots[i];
+    for (size_t i = hash & mask; m_slots[i].handle != 0; i = (i + 1) & mask)
+        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key)
+            return m_slots[i].handle;
     return 0;
 }
 

@@ -168,7 +168,16 @@ private:
     int m_treeColumn = 0;
     std::vector<Row> m_rows;
     mutable Kids m_root;
-    std::vector<int> m_slots; // open addressing over handles, by exact key
+    // Open addressing over handles, by exact key. Each slot keeps its key's
+    // hash, so that a probe reaches a record only when the hashes agree and
+    // growing never reads a key again.
+    struct Slot
+    {
+        size_t hash = 0;
+        int handle = 0;
+    };
+    std::vector<Slot> m_slots;
+
     QSet<QString> m_sharedKeys;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
