@@ -148,6 +148,8 @@ private slots:
         row("zelStdButtons", "OKasClose", true);
         row("zelGridList", "CheckBoxes", true);
         row("zelTreeList", "HeaderVisible", false);
+        row("zelCombo", "Sorted", true);
+        row("zelComboTree", "HasLines", false);
     }
 
     void propertySetInDesignerReachesTheRunningForm()

@@ -59,8 +59,6 @@ private slots:
         zelColumns<QString, double, QStringList, Aligns, QList<int>, bool>(
             {"spec", "twips", "captions", "aligns", "widths", "header"});
         const int L = Qt::AlignLeft, R = Qt::AlignRight, C = Qt::AlignHCenter;
-        zelRow("unmarked", QStringLiteral("Name"), 15.0, QStringList{"Name"}, Aligns{C},
-               QList<int>{0}, false);
         zelRow("empty", QString(), 15.0, QStringList{"Default"}, Aligns{C}, QList<int>{0}, false);
         zelRow("left and right", QStringLiteral("<Name~120\t>Size~60"), 15.0,
                QStringList{"Name", "Size"}, Aligns{L, R}, QList<int>{120, 60}, true);
@@ -131,18 +129,15 @@ private slots:
     void addItemLimits_data()
     {
         zelColumns<QString, QString, QString, bool>({"spec", "key", "data", "taken"});
-        zelRow("more texts than columns", QStringLiteral("A\tB"), QStringLiteral("b"),
-               QStringLiteral("1\t2\t3"), false);
-        zelRow("as many texts as columns", QStringLiteral("A\tB"), QStringLiteral("b"),
-               QStringLiteral("1\t2"), true);
-        zelRow("fewer texts", QStringLiteral("A\tB"), QStringLiteral("b"), QStringLiteral("1"),
-               true);
-        zelRow("empty data", QStringLiteral("A"), QStringLiteral("b"), QString(), true);
-        zelRow("key taken", QStringLiteral("A"), QStringLiteral("a"), QStringLiteral("y"), false);
-        zelRow("key taken in other case", QStringLiteral("A"), QStringLiteral("A"),
-               QStringLiteral("y"), false);
-        zelRow("key of 10^5 characters", QStringLiteral("A"), QString(100000, QLatin1Char('k')),
-               QStringLiteral("y"), true);
+        auto row = [](const char *name, const QString &spec, const QString &key,
+                      const QString &data, bool taken) { zelRow(name, spec, key, data, taken); };
+        row("more texts than columns", "A\tB", "b", "1\t2\t3", false);
+        row("as many texts as columns", "A\tB", "b", "1\t2", true);
+        row("fewer texts", "A\tB", "b", "1", true);
+        row("empty data", "A", "b", "", true);
+        row("key taken", "A", "a", "y", false);
+        row("key taken in other case", "A", "A", "y", false);
+        row("key of 10^5 characters", "A", QString(100000, QLatin1Char('k')), "y", true);
     }
     void addItemLimits()
     {
@@ -174,17 +169,16 @@ private slots:
     {
         zelColumns<QString, QString, bool, QList<bool>, QString>(
             {"before", "key", "found", "events", "selected"});
-        zelRow("known", QString(), QStringLiteral("b"), true, QList<bool>{false},
-               QStringLiteral("b"));
-        zelRow("already selected", QStringLiteral("b"), QStringLiteral("b"), true, QList<bool>{},
-               QStringLiteral("b"));
-        zelRow("unknown, none selected", QString(), QStringLiteral("zz"), false, QList<bool>{false},
-               QString());
-        zelRow("unknown, one selected", QStringLiteral("b"), QStringLiteral("zz"), false,
-               QList<bool>{false}, QString());
-        zelRow("empty key", QStringLiteral("b"), QString(), false, QList<bool>{false}, QString());
-        zelRow("key in other case", QString(), QStringLiteral("B"), false, QList<bool>{false},
-               QString());
+        auto row = [](const char *name, const QString &before, const QString &key, bool found,
+                      QList<bool> events, const QString &selected) {
+            zelRow(name, before, key, found, events, selected);
+        };
+        row("known", "", "b", true, {false}, "b");
+        row("already selected", "b", "b", true, {}, "b");
+        row("unknown, none selected", "", "zz", false, {false}, "");
+        row("unknown, one selected", "b", "zz", false, {false}, "");
+        row("empty key", "b", "", false, {false}, "");
+        row("key in other case", "", "B", false, {false}, "");
     }
     void selectItemEvents()
     {
@@ -315,7 +309,6 @@ private slots:
         zelColumns<QString, int, int>({"spec", "columns", "errors"});
         zelRow("10^4 tabs", QString(10000, QLatin1Char('\t')), int(zel::zelMaxColumns), 1);
         zelRow("width beyond 16 bits", QStringLiteral("A~99999\tB~20"), 2, 1);
-        zelRow("only flags and tildes", QStringLiteral("<~~\t_\t>"), 3, 0);
     }
     void absurdColumns()
     {
