@@ -35,3 +35,5 @@
 #include "grid/zelGridList.h"
 #include "grid/zelGridRow.h"
 #include "grid/zelGridRows.h"
+
+#include "lists/zelTreeList.h"

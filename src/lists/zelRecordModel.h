@@ -69,12 +69,6 @@ public:
     // "" for a handle that is not a row.
     QString KeyOf(int handle) const;
     RecordPtr RecordOf(int handle) const;
-    // The same without a new owner, for walks over every row: null for a
-    // handle that is not a row; valid while the row lives.
-    const zelComboRecord *RecordAt(int handle) const
-    {
-        return IsRow(handle) ? row(handle).record.get() : nullptr;
-    }
     QString TextsOf(int handle) const;
     // What the cell shows: text `column` of the row, or the tree text in
     // the tree column.

@@ -278,18 +278,15 @@ void zelTreeList::SetExpandLevel(qint32 v)
 {
     LetThen("ExpandLevel", m_expandLevel, v, [this] {
         static_cast<TreeView *>(m_extGrid)->DeferLayout();
-        // Each row was added with its record and the two are cleared
-        // together, so the rows in the order of their handles are the records
-        // in their order, each with the row its key finds: walking them spares
-        // a lookup by key per record, a cache miss each in a long list.
-        for (int row = 1; row <= m_model->RowCount(); ++row) {
-            const zelComboRecord *record = m_model->RecordAt(row);
-            if (!record)
-                continue;
-            if (record->Level() < m_expandLevel)
-                m_model->SetExpanded(row, true);
-            else if (record->Level() == m_expandLevel)
-                m_model->SetExpanded(row, false);
+        // Record by record, each on its row: every record has the one row
+        // added with it, so the rows in the order added are the records in
+        // order, and m_levels holds their levels side by side.
+        for (int row = 1; row <= int(m_levels.size()); ++row) {
+            const qint32 level = m_levels[size_t(row - 1)];
+            // Only rows that change reach the tree: most rows of a large
+            // tree are closed and stay closed.
+            if (level <= m_expandLevel && m_model->IsExpanded(row) != (level < m_expandLevel))
+                m_model->SetExpanded(row, level < m_expandLevel);
         }
     });
 }
@@ -335,9 +332,10 @@ std::shared_ptr<zelComboRecord> zelTreeList::AddItem(const QString &sParentKey, 
         const int parentRow = sParentKey.isEmpty() ? 0 : m_model->FindKey(sParentKey);
         const int row = m_model->AddRow(parentRow, record, sData, sText,
                                         m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
-        if (row == 0)
+        if (row != int(m_levels.size()) + 1)
             throw zelError(zelError::InvalidProcedureCall, QString(),
                            QStringLiteral("The tree refused the row"));
+        m_levels.push_back(record->Level());
         if (parentRow != 0)
             m_model->SetExpanded(parentRow, bExpandParent);
         t.Step = QStringLiteral("Finished");
@@ -354,6 +352,7 @@ void zelTreeList::Clear()
             m_records->ClearRecords();
             if (m_model->RowCount() > 0)
                 m_model->Clear();
+            m_levels.clear();
         });
     });
 }

@@ -19,6 +19,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 class QTreeView;
 class zelRecordModel;
@@ -160,6 +161,9 @@ private:
     std::shared_ptr<zelComboRecords> m_records;
     std::unique_ptr<Selection> m_view;
     std::unique_ptr<zelRecordSelection> m_selection;
+    // The Level of the record of each row, by handle - 1: ExpandLevel reads
+    // them all, and side by side they cost no visit to each record.
+    std::vector<qint32> m_levels;
     QString m_columns;
     qint32 m_expandLevel = 0;
     bool m_enabled = true;
