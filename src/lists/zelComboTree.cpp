@@ -103,6 +103,7 @@ bool zelComboTree::UpdateImage(const QString &sKey, const QVariant &vImageKey)
         const int handle = model().FindKey(sKey);
         if (handle > 0) {
             model().SetImage(handle, m_images.ImageIndex(vImageKey));
+            showChosen();
             found = true;
         }
     });
