@@ -70,7 +70,8 @@ std::shared_ptr<zelComboRecord> zelComboTree::AddItem(const QString &sParentKey,
                                                       const QVariant &vImageKey, bool bEnabled,
                                                       bool bExpandParent)
 {
-    zel::Trail t(this, "AddItem");
+    // A literal name: a million adds compose no trail name.
+    zel::Trail t(QStringLiteral("zelComboTree.AddItem"));
     std::shared_ptr<zelComboRecord> record;
     t.Run([&] {
         if (sData.isEmpty())
