@@ -122,6 +122,7 @@ zelCombo *addCombo(QVBoxLayout *layout, zelEventLog *log)
     for (const auto &r : rows)
         combo->AddItem(QString::fromLatin1(r.key), QString::fromLatin1(r.data));
     combo->EndUpdate();
+    combo->SelectItem(QStringLiteral("F02"));
     layout->addWidget(combo);
     return combo;
 }
@@ -133,7 +134,7 @@ zelComboTree *addComboTree(QVBoxLayout *layout, zelEventLog *log)
     tree->SetPrefix(QStringLiteral("Crop zone"));
     tree->SetPrefixColon(true);
     tree->SetPrefixWidth(1200);
-    tree->SetColumns(QStringLiteral("Name"));
+    tree->SetColumns(QStringLiteral("<Name"));
     for (int farm = 1; farm <= 2; ++farm) {
         const QString f = QStringLiteral("farm%1").arg(farm);
         tree->AddItem(QString(), f, QStringLiteral("Farm %1").arg(farm), {}, {},
@@ -151,6 +152,7 @@ zelComboTree *addComboTree(QVBoxLayout *layout, zelEventLog *log)
                               true, false);
         }
     }
+    tree->SelectItem(QStringLiteral("farm1.field1.zone2"));
     layout->addWidget(tree);
     return tree;
 }

@@ -46,7 +46,8 @@ void zelCombo::InitProperties()
 std::shared_ptr<zelComboRecord> zelCombo::AddItem(const QString &sKey, const QString &sData,
                                                   const QVariant &oTag)
 {
-    zel::Trail t(this, "AddItem");
+    // A literal name: a million adds compose no trail name.
+    zel::Trail t(QStringLiteral("zelCombo.AddItem"));
     std::shared_ptr<zelComboRecord> record;
     t.Run(
         [&] { record = AddRecordRow(t, QString(), sKey, sData, oTag, QString(), 0, true, true); });

@@ -70,7 +70,8 @@ std::shared_ptr<zelComboRecord> zelComboTree::AddItem(const QString &sParentKey,
                                                       const QVariant &vImageKey, bool bEnabled,
                                                       bool bExpandParent)
 {
-    zel::Trail t(this, "AddItem");
+    // A literal name: a million adds compose no trail name.
+    zel::Trail t(QStringLiteral("zelComboTree.AddItem"));
     std::shared_ptr<zelComboRecord> record;
     t.Run([&] {
         if (sData.isEmpty())
@@ -103,6 +104,7 @@ bool zelComboTree::UpdateImage(const QString &sKey, const QVariant &vImageKey)
         const int handle = model().FindKey(sKey);
         if (handle > 0) {
             model().SetImage(handle, m_images.ImageIndex(vImageKey));
+            showChosen();
             found = true;
         }
     });

@@ -64,7 +64,7 @@ zelRecordCombo::zelRecordCombo(bool tree, bool enabled, QWidget *parent)
     m_popup = new zelRecordPopup(this, m_model.get(), tree);
     zel::Trail t(this, "Columns Let");
     t.Run([&] { applyColumns(QString()); });
-    paintCombo(false);
+    paintCombo(false, false);
 }
 
 zelRecordCombo::~zelRecordCombo() = default;
@@ -103,7 +103,7 @@ void zelRecordCombo::SetEnabled(bool v)
             if (auto *label = findChild<QLabel *>(QLatin1String(name)))
                 label->setEnabled(m_enabled);
         m_cboValue->setEnabled(m_enabled);
-        paintCombo(!m_enabled);
+        paintCombo(!m_enabled, !m_enabled);
         if (m_enabled)
             applyReadOnly();
         else
@@ -120,12 +120,12 @@ void zelRecordCombo::applyReadOnly()
 {
     // The labels keep their look: only the combo stops taking input.
     m_cboValue->setEnabled(m_readOnly ? false : m_enabled);
-    paintCombo(m_readOnly);
+    paintCombo(m_readOnly, !m_enabled);
     if (m_readOnly)
         HideDropDown();
 }
 
-void zelRecordCombo::paintCombo(bool faceBackground)
+void zelRecordCombo::paintCombo(bool faceBackground, bool greyText)
 {
     QPalette pal = m_cboValue->palette();
     const QColor back =
@@ -133,7 +133,7 @@ void zelRecordCombo::paintCombo(bool faceBackground)
     pal.setColor(QPalette::Base, back);
     pal.setColor(QPalette::Button, back);
     if (m_paintsForeground) {
-        const QColor fore = zel::ToQColor(m_enabled ? zel::SysWindowText : zel::SysGrayText);
+        const QColor fore = zel::ToQColor(greyText ? zel::SysGrayText : zel::SysWindowText);
         pal.setColor(QPalette::Text, fore);
         pal.setColor(QPalette::ButtonText, fore);
     }

@@ -130,6 +130,8 @@ protected:
     // The widget's key press (code 13 asks the control what to do with it).
     virtual void cboValue_KeyPress(qint16 &KeyAscii) = 0;
     zelRecordModel &model() { return *m_model; }
+    // Shows the chosen row's text and picture in the closed combo box.
+    void showChosen();
     QWidget *comboBox() const;
     // The foreground colours follow Enabled in the combo, not in the tree.
     bool m_paintsForeground = true;
@@ -143,11 +145,10 @@ private:
     void applyColumns(const QString &spec);
     void setMinWidthList();
     void applyReadOnly();
-    void paintCombo(bool faceBackground);
+    void paintCombo(bool faceBackground, bool greyText);
     // The row the user or SelectItem chose (0: none); the selection rules
     // hear of it when it changes.
     void choose(int handle);
-    void showChosen();
     // A key in the closed combo box; true when it was taken.
     bool closedKey(QKeyEvent *event);
     // The next enabled row in the drop-down's order, step rows on.

@@ -61,6 +61,7 @@ void tst_zelListsCore::parseColumns_data()
     row("301 twips at 10", "A~301", false, 10, "A:1:d:30");
     row("1500 twips at 10", "A~1500", false, 10, "A:1:d:150");
     row("bad tpp counts 15", "A~1500", false, 0, "A:1:d:100");
+    row("tiny tpp", "A~1500", false, 1e-300, "A:1:d:32767");
     row("trailing blanks kept inside", "  Name ~ 90  ", false, 15, "Name :1:d:90");
     row("trailing tab", "A\t", false, 15, "A:1:d:0;Default:1:d:0");
     row("non-numeric width", "A~wide", false, 15, "A:1:d:0");
