@@ -2,6 +2,7 @@
 
 #include "core/zelConvert.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -72,8 +73,8 @@ zelColumnDesc parseEntry(QStringView entry, zelColumnDialect dialect, double twi
 
     int width = 0;
     d.widthOverflow = !width16(widthText, &width);
-    if (width > 300)
-        width = int(std::nearbyint(width / twipsPerPixel));
+    if (width > 300) // a tiny twipsPerPixel must not overflow the result
+        width = int(std::min(std::nearbyint(width / twipsPerPixel), 32767.0));
     d.widthPixels = width > 0 ? width : 0;
     return d;
 }

@@ -80,19 +80,42 @@ zelRecordModel::Kids *zelRecordModel::kidsOf(int parentHandle) const
     return IsRow(parentHandle) ? row(parentHandle).kids.get() : nullptr;
 }
 
-void zelRecordModel::sortKids(Kids &k) const
+void zelRecordModel::sortKids(Kids &k, size_t upTo) const
 {
-    std::vector<std::pair<QStringView, int>> keyed;
-    keyed.reserve(k.handles.size());
-    for (const int h : k.handles)
-        keyed.emplace_back(sortText(h), h);
-    std::stable_sort(keyed.begin(), keyed.end(),
-                     [](const auto &a, const auto &b) { return lessCaption(a.first, b.first); });
-    for (size_t i = 0; i < keyed.size(); ++i) {
-        k.handles[i] = keyed[i].second;
-        row(keyed[i].second).pos = int(i);
+    // The rows already in order stay; the others go in behind their equals,
+    // as a stable sort of all would put them: one by one when they are few,
+    // else sorted on their own and merged in.
+    const size_t first = k.sortedLen;
+    if (upTo > first) {
+        auto &hs = k.handles;
+        const auto less = [this](int a, int b) { return lessCaption(sortText(a), sortText(b)); };
+        const size_t tail = upTo - first;
+        if (tail * 32 < first) {
+            for (size_t i = first; i < upTo; ++i) {
+                const int h = hs[i];
+                const auto at = std::upper_bound(hs.begin(), hs.begin() + qsizetype(i), h, less);
+                std::move_backward(at, hs.begin() + qsizetype(i), hs.begin() + qsizetype(i + 1));
+                *at = h;
+            }
+        } else {
+            std::vector<std::pair<QStringView, int>> keyed;
+            keyed.reserve(upTo);
+            for (size_t i = 0; i < upTo; ++i)
+                keyed.emplace_back(sortText(hs[i]), hs[i]);
+            const auto byText = [](const auto &a, const auto &b) {
+                return lessCaption(a.first, b.first);
+            };
+            std::stable_sort(keyed.begin() + qsizetype(first), keyed.end(), byText);
+            std::inplace_merge(keyed.begin(), keyed.begin() + qsizetype(first), keyed.end(),
+                               byText);
+            for (size_t i = 0; i < upTo; ++i)
+                hs[i] = keyed[i].second;
+        }
+        k.sortedLen = upTo;
+        // Positions are numbered again when next asked for (posOf).
     }
-    k.order = Order::InOrder;
+    if (k.pendingLen <= upTo)
+        k.pendingLen = 0;
 }
 
 const std::vector<int> &zelRecordModel::children(int parentHandle) const
@@ -100,8 +123,8 @@ const std::vector<int> &zelRecordModel::children(int parentHandle) const
     Kids *k = kidsOf(parentHandle);
     if (!k)
         return noChildren;
-    if (k->order == Order::Pending)
-        sortKids(*k);
+    if (k->pendingLen > 0)
+        sortKids(*k, k->pendingLen);
     return k->handles;
 }
 
@@ -158,23 +181,29 @@ QString zelRecordModel::keyOf(const Row &r) const
     return r.record ? r.record->Key() : QString();
 }
 
-void zelRecordModel::hashInsert(int handle)
+void zelRecordModel::hashInsert(int handle, uint hash)
 {
     if (m_slots.size() < m_rows.size() * 2) {
-        std::vector<int> old(std::max<size_t>(16, m_slots.size() * 2), 0);
+        std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
         old.swap(m_slots);
-        for (const int h : old)
-            if (h)
-                hashInsert(h);
+        const size_t mask = m_slots.size() - 1;
+        for (const Slot &s : old) {
+            if (!s.handle)
+                continue;
+            size_t i = s.hash & mask;
+            while (m_slots[i].handle)
+                i = (i + 1) & mask;
+            m_slots[i] = s;
+        }
     }
     const QString key = keyOf(row(handle));
     const size_t mask = m_slots.size() - 1;
-    for (size_t i = qHash(key) & mask;; i = (i + 1) & mask) {
-        if (m_slots[i] == 0) {
-            m_slots[i] = handle;
+    for (size_t i = hash & mask;; i = (i + 1) & mask) {
+        if (m_slots[i].handle == 0) {
+            m_slots[i] = Slot{handle, hash};
             return;
         }
-        if (keyOf(row(m_slots[i])) == key) {
+        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key) {
             // The walk decides between rows that share a key.
             m_sharedKeys.insert(key);
             return;
@@ -198,10 +227,11 @@ int zelRecordModel::FindKey(const QString &key) const
         }
         return 0;
     }
+    const uint hash = uint(qHash(key));
     const size_t mask = m_slots.size() - 1;
-    for (size_t i = qHash(key) & mask; m_slots[i] != 0; i = (i + 1) & mask)
-        if (keyOf(row(m_slots[i])) == key)
-            return m_slots[i];
+    for (size_t i = hash & mask; m_slots[i].handle != 0; i = (i + 1) & mask)
+        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key)
+            return m_slots[i].handle;
     return 0;
 }
 
@@ -219,11 +249,12 @@ int zelRecordModel::AddRow(int parentHandle, RecordPtr record, const QString &te
     r.parent = parentHandle;
     r.image = imageIndex;
     r.enabled = enabled;
+    const uint hash = uint(qHash(keyOf(r)));
     m_rows.push_back(std::move(r));
     const int h = int(m_rows.size());
     if (!treeText.isEmpty())
         m_treeTexts.insert(h, treeText);
-    hashInsert(h);
+    hashInsert(h, hash);
 
     Kids *k = kidsOf(parentHandle);
     if (!k) {
@@ -231,40 +262,35 @@ int zelRecordModel::AddRow(int parentHandle, RecordPtr record, const QString &te
         k = row(parentHandle).kids.get();
     }
     auto &hs = k->handles;
-    const auto afterLast = [&] {
-        return hs.empty() || !lessCaption(sortText(h), sortText(hs.back()));
-    };
+    // Appending keeps the rows in order when they were and the new one
+    // does not sort before the last.
+    const bool inOrder = k->sortedLen == hs.size() && k->pendingLen == 0 &&
+                         (hs.empty() || !lessCaption(sortText(h), sortText(hs.back())));
 
     if (m_updating > 0) {
-        // Sorted adds only append and leave one stable sort for later, which
-        // gives what a sort after each of them would; an unsorted add must
-        // see that sort done first.
-        if (!sorted && k->order == Order::Pending)
-            sortKids(*k);
-        const Order was = k->order;
-        if (k->order == Order::InOrder && !afterLast())
-            k->order = sorted ? Order::Pending : Order::Unsorted;
-        else if (sorted && k->order == Order::Unsorted)
-            k->order = Order::Pending;
-        if (k->order == Order::Pending && was != Order::Pending)
-            m_pending.push_back(parentHandle);
         row(h).pos = int(hs.size());
         hs.push_back(h);
+        if (inOrder) {
+            k->sortedLen = hs.size();
+        } else if (sorted) {
+            if (k->pendingLen == 0)
+                m_pending.push_back(parentHandle);
+            k->pendingLen = hs.size();
+        }
         return h;
     }
 
     size_t pos = hs.size();
-    if (sorted) {
-        if (k->order != Order::InOrder)
+    if (inOrder) {
+        ++k->sortedLen;
+    } else if (sorted) {
+        if (k->sortedLen < hs.size())
             sortWithSignals(parentHandle, *k);
-        if (!afterLast())
-            pos = size_t(std::upper_bound(hs.begin(), hs.end(), h,
-                                          [this](int a, int b) {
-                                              return lessCaption(sortText(a), sortText(b));
-                                          }) -
-                         hs.begin());
-    } else if (!afterLast()) {
-        k->order = Order::Unsorted;
+        pos = size_t(std::upper_bound(
+                         hs.begin(), hs.end(), h,
+                         [this](int a, int b) { return lessCaption(sortText(a), sortText(b)); }) -
+                     hs.begin());
+        ++k->sortedLen;
     }
     beginInsertRows(IndexOf(parentHandle), int(pos), int(pos));
     hs.insert(hs.begin() + qsizetype(pos), h);
@@ -278,7 +304,7 @@ void zelRecordModel::sortWithSignals(int parentHandle, Kids &k)
     const QList<QPersistentModelIndex> parents{IndexOf(parentHandle)};
     emit layoutAboutToBeChanged(parents, QAbstractItemModel::VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    sortKids(k);
+    sortKids(k, k.handles.size());
     QModelIndexList after;
     after.reserve(before.size());
     for (const QModelIndex &i : before)

@@ -12,9 +12,11 @@
 // caption keep the order in which they came. A sorted add leaves the
 // parent's rows as a stable sort of them after that add would; it inserts
 // at the upper bound when the parent's rows are known to be in order, and
-// sorts them once when unsorted adds came before. Inside BeginUpdate /
-// EndUpdate sorted adds only append, and each parent is sorted once when
-// the update ends or its rows are first read.
+// sorts the rows added unsorted before and merges them in once. Inside
+// BeginUpdate / EndUpdate adds only append, and each parent is sorted once
+// when the update ends or its rows are first read: a million adds in an
+// update take O(n log n). Outside an update a sorted add moves the rows
+// after it, O(siblings), as much as an attached view spends on it anyway.
 
 #include "lists/zelColumnSpec.h"
 #include "lists/zelComboRecord.h"
@@ -121,16 +123,15 @@ signals:
     void ExpandRequested(const QModelIndex &index, bool expanded);
 
 private:
-    enum class Order : quint8
-    {
-        InOrder,
-        Unsorted,
-        Pending
-    };
+    // A parent's rows always read as a stable sort of the rows up to its
+    // last sorted add, in the order they came, followed by the rows added
+    // unsorted since. So the rows need to be known in order only as far as
+    // the last sorted add, and a run of sorted adds needs one sort.
     struct Kids
     {
         std::vector<int> handles;
-        Order order = Order::InOrder;
+        size_t sortedLen = 0;  // handles before this are in order
+        size_t pendingLen = 0; // handles before this are to be sorted before use (0: none)
     };
     struct Row
     {
@@ -156,10 +157,10 @@ private:
     int posOf(int handle) const;
     QStringView sortText(int handle) const;
     QStringView cell(int handle, int column) const;
-    void sortKids(Kids &k) const;
+    void sortKids(Kids &k, size_t upTo) const;
     void sortWithSignals(int parentHandle, Kids &k);
     void touch();
-    void hashInsert(int handle);
+    void hashInsert(int handle, uint hash);
     QString keyOf(const Row &r) const;
     void emitExpansions();
     void rowChanged(int handle);
@@ -168,7 +169,12 @@ private:
     int m_treeColumn = 0;
     std::vector<Row> m_rows;
     mutable Kids m_root;
-    std::vector<int> m_slots; // open addressing over handles, by exact key
+    struct Slot
+    {
+        int handle = 0; // 0: empty
+        uint hash = 0;
+    };
+    std::vector<Slot> m_slots; // open addressing over handles, by exact key
     QSet<QString> m_sharedKeys;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
