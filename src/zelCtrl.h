@@ -35,3 +35,6 @@
 #include "grid/zelGridList.h"
 #include "grid/zelGridRow.h"
 #include "grid/zelGridRows.h"
+
+#include "lists/zelCombo.h"
+#include "lists/zelComboTree.h"
