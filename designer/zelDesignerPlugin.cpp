@@ -31,6 +31,11 @@ const zelDesignerEntry kEntries[] = {
      "Dialog buttons OK, Cancel, Apply, Help and four option buttons", 4680, 315},
     {"zelPrpButtons", "buttons/zelPrpButtons.h",
      "List buttons New, Remove, Properties, Help and four option buttons", 4680, 315},
+    {"zelCombo", "lists/zelCombo.h",
+     "Labelled multi-column drop-down list of keyed records, chosen by key or by the user", 3000,
+     315},
+    {"zelComboTree", "lists/zelComboTree.h",
+     "Labelled drop-down list that shows its keyed records as a tree with pictures", 3000, 315},
 #ifdef ZEL_HAVE_GRID_LIST
     {"zelGridList", "grid/zelGridList.h",
      "Grid of rows and typed columns with its own Add, Remove and Properties buttons", 4800, 2400},

@@ -77,6 +77,10 @@ enum PropertyFlag : quint32
     Always = 0x20,
     // On load the default is the value the control holds at that moment.
     CurrentDefault = 0x40,
+    // A newly placed control holds another value than the default on
+    // purpose (left uninitialised, or initialised otherwise), so that its
+    // first save stores it.
+    PlacedApart = 0x80,
 };
 
 // One property of a class.

@@ -147,6 +147,8 @@ private slots:
         row("zelColorPicker", "BackColor", 0x00FF8000u);
         row("zelStdButtons", "OKasClose", true);
         row("zelGridList", "CheckBoxes", true);
+        row("zelCombo", "Sorted", true);
+        row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
     }
 
