@@ -36,4 +36,6 @@
 #include "grid/zelGridRow.h"
 #include "grid/zelGridRows.h"
 
+#include "lists/zelCombo.h"
+#include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"

@@ -208,32 +208,44 @@ zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sParentKey, const QSt
 {
     // Whatever the outcome, clicks count as the user's again.
     auto done = qScopeGuard([this] { m_selection.ItemAdded(); });
-    t.Step = QStringLiteral("Splitting");
-    if (m_model->ColumnCount() == 0)
-        applyColumns(QString());
-    // The texts are sData and one tab split at tabs: one more than the
-    // columns is too many.
-    if (sData.count(QLatin1Char('\t')) >= m_model->ColumnCount())
-        return {};
-    t.Step = QStringLiteral("Adding Record");
-    std::shared_ptr<zelComboRecord> record = m_records->CreateRecord(sKey, sData, oTag, sParentKey);
-    if (!record)
-        return {};
-    // The row goes under the row of the record's Parent, so records and rows
-    // agree even where the parent key differs from the parent's in case.
-    const int parent = record->Parent() ? m_model->FindKey(record->Parent()->Key()) : 0;
-    t.Step = QStringLiteral("Adding Item: ") + QString::number(m_model->RowCount());
-    const int handle =
-        m_model->AddRow(parent, record, sData, sText, imageIndex, bEnabled, m_sorted);
-    if (handle > 0) {
-        t.Step = QStringLiteral("Added Item");
-        if (parent)
-            m_model->SetExpanded(parent, bExpandParent);
+    // The step marker is written out only when a step fails: a million adds
+    // compose none.
+    const char *step = "Splitting";
+    int rowsBefore = -1;
+    try {
+        if (m_model->ColumnCount() == 0)
+            applyColumns(QString());
+        // The texts are sData and one tab split at tabs: one more than the
+        // columns is too many.
+        if (sData.count(QLatin1Char('\t')) >= m_model->ColumnCount())
+            return {};
+        step = "Adding Record";
+        std::shared_ptr<zelComboRecord> record =
+            m_records->CreateRecord(sKey, sData, oTag, sParentKey);
+        if (!record)
+            return {};
+        // The row goes under the row of the record's Parent, so records and
+        // rows agree even where the parent key differs from the parent's in case.
+        const int parent = record->Parent() ? m_model->FindKey(record->Parent()->Key()) : 0;
+        step = "Adding Item: ";
+        rowsBefore = m_model->RowCount();
+        const int handle =
+            m_model->AddRow(parent, record, sData, sText, imageIndex, bEnabled, m_sorted);
+        rowsBefore = -1;
+        if (handle > 0) {
+            step = "Added Item";
+            if (parent)
+                m_model->SetExpanded(parent, bExpandParent);
+        }
+        step = "Finished";
+        m_dropDownHeight = mMain::MinHeightList(
+            m_model->RowCount(), !DropDownView()->isHeaderHidden(), m_listWidth.MinWidth != 0);
+        return record;
+    } catch (...) {
+        t.Step =
+            QString::fromLatin1(step) + (rowsBefore >= 0 ? QString::number(rowsBefore) : QString());
+        throw;
     }
-    t.Step = QStringLiteral("Finished");
-    m_dropDownHeight = mMain::MinHeightList(m_model->RowCount(), !DropDownView()->isHeaderHidden(),
-                                            m_listWidth.MinWidth != 0);
-    return record;
 }
 
 void zelRecordCombo::Clear()

@@ -147,9 +147,9 @@ private slots:
         row("zelColorPicker", "BackColor", 0x00FF8000u);
         row("zelStdButtons", "OKasClose", true);
         row("zelGridList", "CheckBoxes", true);
-        row("zelTreeList", "HeaderVisible", false);
         row("zelCombo", "Sorted", true);
         row("zelComboTree", "HasLines", false);
+        row("zelTreeList", "HeaderVisible", false);
     }
 
     void propertySetInDesignerReachesTheRunningForm()

@@ -5,6 +5,7 @@
 
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
+#include "platform/zelLateBinding.h"
 #include "platform/zelPropertyBag.h"
 #include "zelFakePlatform.h"
 #include "zelTestData.h"
@@ -147,7 +148,9 @@ private slots:
         zelCombo combo;
         combo.SetColumns(spec);
         QSignalSpy changed(&combo, &zelCombo::Changed);
-        QVERIFY(combo.AddItem(QStringLiteral("a"), QStringLiteral("x")));
+        // By name, as a script adds: the record comes back as an object.
+        QObject *first = zel::ObjectOf(zel::CallByName(&combo, "AddItem", {"a", "x"}));
+        QCOMPARE(first->property("Key").toString(), QStringLiteral("a"));
         const auto record = combo.AddItem(key, data);
         QCOMPARE(bool(record), taken);
         QCOMPARE(combo.Records()->Count(), taken ? 2 : 1);
