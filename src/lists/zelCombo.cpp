@@ -43,12 +43,11 @@ void zelCombo::InitProperties()
     SetColumns(QStringLiteral("~"));
 }
 
-std::shared_ptr<zelComboRecord> zelCombo::AddItem(const QString &sKey, const QString &sData,
-                                                  const QVariant &oTag)
+zelComboRecordRef zelCombo::AddItem(const QString &sKey, const QString &sData, const QVariant &oTag)
 {
     // A literal name: a million adds compose no trail name.
     zel::Trail t(QStringLiteral("zelCombo.AddItem"));
-    std::shared_ptr<zelComboRecord> record;
+    zelComboRecordRef record;
     t.Run(
         [&] { record = AddRecordRow(t, QString(), sKey, sData, oTag, QString(), 0, true, true); });
     return record;

@@ -48,8 +48,14 @@ public:
     // column first) under the key sKey. Nothing, and no row, when the key is
     // taken (in any letter case) or sData has more texts than the combo has
     // columns; fewer texts leave the last cells empty.
+    // Late bound, the record comes back as a std::shared_ptr (a QObject).
+#ifdef Q_MOC_RUN
     Q_INVOKABLE std::shared_ptr<zelComboRecord> AddItem(const QString &sKey, const QString &sData,
                                                         const QVariant &oTag = QVariant());
+#else
+    zelComboRecordRef AddItem(const QString &sKey, const QString &sData,
+                              const QVariant &oTag = QVariant());
+#endif
 
     // A newly placed combo: the properties' defaults, one "Default" column
     // from the specification "~", and Enabled left as it is (false).

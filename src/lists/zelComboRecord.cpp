@@ -16,17 +16,53 @@ zelComboRecord::~zelComboRecord()
     }
 }
 
+void zelComboRecord::SetData(const QString &v)
+{
+    if (m_store)
+        m_store->SetData(m_entry, v);
+    else
+        m_data = v;
+}
+
+void zelComboRecord::SetTag(const QVariant &v)
+{
+    if (m_store)
+        m_store->SetTag(m_entry, v);
+    else
+        m_tag = v;
+}
+
+void zelComboRecord::SetParent(Ptr p)
+{
+    m_parent = std::move(p);
+    if (m_store)
+        m_store->Keep(m_entry, SharedSelf());
+}
+
+void zelComboRecord::detach()
+{
+    if (!m_store)
+        return;
+    const zel::zelRecordStore::Entry &e = m_store->At(m_entry);
+    m_key = e.key;
+    m_data = m_store->Data(m_entry);
+    m_tag = m_store->Tag(m_entry);
+    m_level = e.level;
+    m_store = nullptr;
+    m_entry = 0;
+}
+
 void zelComboRecord::SetParentObject(QObject *o)
 {
     zel::Trail t(this, "Parent Set");
     t.Run([&] {
         if (!o) {
-            m_parent.reset();
+            SetParent(nullptr);
             return;
         }
         Ptr p = zel::SharedFromObject<zelComboRecord>(o);
         if (!p)
             throw zelError(zelError::TypeMismatch);
-        m_parent = std::move(p);
+        SetParent(std::move(p));
     });
 }

@@ -7,6 +7,7 @@
 // std::shared_ptr<zelComboRecord> in a QVariant can take it as a QObject *.
 
 #include "core/zelShared.h"
+#include "lists/zelRecordStore.h"
 
 #include <QObject>
 #include <QString>
@@ -40,15 +41,17 @@ public:
     // kept alive goes one by one, not by recursion.
     ~zelComboRecord() override;
 
-    QString Key() const { return m_key; }
+    // While its row exists the record reads and writes its store's entry;
+    // once the rows are gone it keeps a copy of what it read last.
+    QString Key() const { return m_store ? m_store->At(m_entry).key : m_key; }
     // Changing Data later changes only this string, never a row already shown.
-    QString Data() const { return m_data; }
-    void SetData(const QString &v) { m_data = v; }
-    QVariant Tag() const { return m_tag; }
-    void SetTag(const QVariant &v) { m_tag = v; }
+    QString Data() const { return m_store ? m_store->Data(m_entry) : m_data; }
+    void SetData(const QString &v);
+    QVariant Tag() const { return m_store ? m_store->Tag(m_entry) : m_tag; }
+    void SetTag(const QVariant &v);
     Ptr Parent() const { return m_parent; }
-    void SetParent(Ptr p) { m_parent = std::move(p); }
-    qint32 Level() const { return m_level; }
+    void SetParent(Ptr p);
+    qint32 Level() const { return m_store ? m_store->At(m_entry).level : m_level; }
 
     // Late-bound Parent: nothing sets none; an object that is not a record
     // is refused with a logged type mismatch and Parent stays as it is.
@@ -57,6 +60,12 @@ public:
 
 private:
     friend struct zel::detail::ComboRecordAccess;
+    friend class zel::zelRecordStore;
+    // Takes the entry's data and leaves the store.
+    void detach();
+
+    zel::zelRecordStore *m_store = nullptr;
+    int m_entry = 0;
     QString m_key;
     QString m_data;
     QVariant m_tag;
@@ -69,7 +78,19 @@ namespace zel::detail {
 // created, Level by the tree list.
 struct ComboRecordAccess
 {
-    static void SetKey(zelComboRecord &r, const QString &key) { r.m_key = key; }
-    static void SetLevel(zelComboRecord &r, qint32 level) { r.m_level = level; }
+    static void SetKey(zelComboRecord &r, const QString &key)
+    {
+        if (r.m_store)
+            r.m_store->At(r.m_entry).key = key;
+        else
+            r.m_key = key;
+    }
+    static void SetLevel(zelComboRecord &r, qint32 level)
+    {
+        if (r.m_store)
+            r.m_store->At(r.m_entry).level = level;
+        else
+            r.m_level = level;
+    }
 };
 } // namespace zel::detail

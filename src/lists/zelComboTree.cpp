@@ -64,15 +64,14 @@ QString zelComboTree::SelectedKey() const
     return record ? record->Key() : QString();
 }
 
-std::shared_ptr<zelComboRecord> zelComboTree::AddItem(const QString &sParentKey,
-                                                      const QString &sKey, const QString &sData,
-                                                      const QString &sText, const QVariant &oTag,
-                                                      const QVariant &vImageKey, bool bEnabled,
-                                                      bool bExpandParent)
+zelComboRecordRef zelComboTree::AddItem(const QString &sParentKey, const QString &sKey,
+                                        const QString &sData, const QString &sText,
+                                        const QVariant &oTag, const QVariant &vImageKey,
+                                        bool bEnabled, bool bExpandParent)
 {
     // A literal name: a million adds compose no trail name.
     zel::Trail t(QStringLiteral("zelComboTree.AddItem"));
-    std::shared_ptr<zelComboRecord> record;
+    zelComboRecordRef record;
     t.Run([&] {
         if (sData.isEmpty())
             return;

@@ -50,7 +50,12 @@ public:
     // picture of vImageKey. Nothing, and no row, for an empty sData, a key
     // taken in any letter case, or more texts than columns. Records keep
     // Level 0.
+    // Late bound, the record comes back as a std::shared_ptr (a QObject).
+#ifdef Q_MOC_RUN
     Q_INVOKABLE std::shared_ptr<zelComboRecord>
+#else
+    zelComboRecordRef
+#endif
     AddItem(const QString &sParentKey, const QString &sKey, const QString &sData,
             const QString &sText = QString(), const QVariant &oTag = QVariant(),
             const QVariant &vImageKey = QVariant(), bool bEnabled = true,
@@ -63,7 +68,10 @@ public:
     // The row of sKey shows the picture of vImageKey; false for no such row.
     Q_INVOKABLE bool UpdateImage(const QString &sKey, const QVariant &vImageKey);
 
-    const zel::zelImageList &Images() const { return m_images; }
+    const zel::zelImageList &Images() const
+    {
+        return m_images;
+    }
 
     Q_INVOKABLE void InitProperties() override;
     const zel::zelPropertyTable &Properties() const override;

@@ -40,9 +40,9 @@ public:
     }
     void SelectRow(qint32 row) override { m_c.choose(row); }
     void UnselectRow(qint32) override { m_c.choose(0); }
-    std::shared_ptr<zelComboRecord> RecordOf(const QString &key) const override
+    std::shared_ptr<zelComboRecord> RecordOfRow(qint32 row) const override
     {
-        return m_c.m_records->Item(key);
+        return m_c.m_records->Store()->Object(row);
     }
     void RaiseChanged(bool bUserClick) override { emit m_c.Changed(bUserClick); }
 
@@ -61,6 +61,7 @@ zelRecordCombo::zelRecordCombo(bool tree, bool enabled, QWidget *parent)
     m_cboValue->ClosePopup = [this] { HideDropDown(); };
     m_cboValue->Key = [this](QKeyEvent *e) { return closedKey(e); };
     SetInputWidget(m_cboValue);
+    m_model->SetStore(m_records->Store());
     m_popup = new zelRecordPopup(this, m_model.get(), tree);
     zel::Trail t(this, "Columns Let");
     t.Run([&] { applyColumns(QString()); });
@@ -201,10 +202,10 @@ void zelRecordCombo::setMinWidthList()
     });
 }
 
-std::shared_ptr<zelComboRecord>
-zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sParentKey, const QString &sKey,
-                             const QString &sData, const QVariant &oTag, const QString &sText,
-                             int imageIndex, bool bEnabled, bool bExpandParent)
+zelComboRecordRef zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sParentKey,
+                                               const QString &sKey, const QString &sData,
+                                               const QVariant &oTag, const QString &sText,
+                                               int imageIndex, bool bEnabled, bool bExpandParent)
 {
     // Whatever the outcome, clicks count as the user's again.
     auto done = qScopeGuard([this] { m_selection.ItemAdded(); });
@@ -220,17 +221,17 @@ zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sParentKey, const QSt
         if (sData.count(QLatin1Char('\t')) >= m_model->ColumnCount())
             return {};
         step = "Adding Record";
-        std::shared_ptr<zelComboRecord> record =
-            m_records->CreateRecord(sKey, sData, oTag, sParentKey);
-        if (!record)
+        const int entry = m_records->CreateEntry(sKey, sData, oTag, sParentKey);
+        if (!entry)
             return {};
-        // The row goes under the row of the record's Parent, so records and
-        // rows agree even where the parent key differs from the parent's in case.
-        const int parent = record->Parent() ? m_model->FindKey(record->Parent()->Key()) : 0;
+        // The row goes under the row of the record's Parent (each record's
+        // entry is its row), so records and rows agree even where the
+        // parent key differs from the parent's in case.
+        const int parent = m_records->Store()->At(entry).parent;
         step = "Adding Item: ";
         rowsBefore = m_model->RowCount();
         const int handle =
-            m_model->AddRow(parent, record, sData, sText, imageIndex, bEnabled, m_sorted);
+            m_model->AddEntryRow(parent, entry, sText, imageIndex, bEnabled, m_sorted);
         rowsBefore = -1;
         if (handle > 0) {
             step = "Added Item";
@@ -240,7 +241,7 @@ zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sParentKey, const QSt
         step = "Finished";
         m_dropDownHeight = mMain::MinHeightList(
             m_model->RowCount(), !DropDownView()->isHeaderHidden(), m_listWidth.MinWidth != 0);
-        return record;
+        return zelComboRecordRef(m_records->Store(), entry);
     } catch (...) {
         t.Step =
             QString::fromLatin1(step) + (rowsBefore >= 0 ? QString::number(rowsBefore) : QString());
@@ -253,9 +254,9 @@ void zelRecordCombo::Clear()
     zel::Trail t(this, "Clear");
     t.Run([&] {
         m_selection.Clear([&] {
-            m_records->ClearRecords();
             m_model->BeginUpdate();
             auto end = qScopeGuard([&] { m_model->EndUpdate(); });
+            // The records' entries are the rows: both go here.
             m_model->Clear();
             m_chosen = 0;
             showChosen();

@@ -13,6 +13,7 @@
 // the drop-down shows them, nested rows included.
 
 #include "core/zelFieldFrame.h"
+#include "lists/zelComboRecordRef.h"
 #include "lists/zelComboRecords.h"
 #include "lists/zelRecordModel.h"
 #include "lists/zelRecordSelection.h"
@@ -118,10 +119,9 @@ protected:
     // The steps of AddItem after the checks of the caller: the record, the
     // row, the drop-down height. Nothing when sData holds more texts than
     // there are columns, or when the key is taken.
-    std::shared_ptr<zelComboRecord> AddRecordRow(zel::Trail &t, const QString &sParentKey,
-                                                 const QString &sKey, const QString &sData,
-                                                 const QVariant &oTag, const QString &sText,
-                                                 int imageIndex, bool bEnabled, bool bExpandParent);
+    zelComboRecordRef AddRecordRow(zel::Trail &t, const QString &sParentKey, const QString &sKey,
+                                   const QString &sData, const QVariant &oTag, const QString &sText,
+                                   int imageIndex, bool bEnabled, bool bExpandParent);
     // The frame's entries (16-bit widths) without those named in dropped,
     // and each control's own entries inserted after the entry named first.
     static std::vector<zel::zelPropertyDecl> RecordComboEntries(

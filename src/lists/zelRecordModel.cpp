@@ -31,7 +31,23 @@ const std::vector<int> noChildren;
 
 } // namespace
 
-zelRecordModel::zelRecordModel(QObject *parent) : QAbstractItemModel(parent) {}
+zelRecordModel::zelRecordModel(QObject *parent)
+    : QAbstractItemModel(parent), m_store(std::make_shared<zel::zelRecordStore>())
+{}
+
+void zelRecordModel::SetStore(std::shared_ptr<zel::zelRecordStore> store)
+{
+    if (!store || store == m_store)
+        return;
+    beginResetModel();
+    m_store = std::move(store);
+    m_rowCount = 0;
+    m_root = Kids();
+    m_treeTexts.clear();
+    m_paint.clear();
+    m_pending.clear();
+    endResetModel();
+}
 
 zelRecordModel::~zelRecordModel() = default;
 
@@ -67,7 +83,7 @@ void zelRecordModel::SetTreeColumn(int column)
         return;
     touch();
     m_treeColumn = column;
-    if (m_updating == 0 && !m_rows.empty()) {
+    if (m_updating == 0 && m_rowCount > 0) {
         emit layoutAboutToBeChanged();
         emit layoutChanged();
     }
@@ -131,7 +147,7 @@ const std::vector<int> &zelRecordModel::children(int parentHandle) const
 int zelRecordModel::posOf(int handle) const
 {
     const Row &r = row(handle);
-    const std::vector<int> &siblings = children(r.parent);
+    const std::vector<int> &siblings = children(r.rowParent);
     if (size_t(r.pos) < siblings.size() && siblings[size_t(r.pos)] == handle)
         return r.pos;
     // Inserted or sorted rows moved their siblings: number them all again.
@@ -155,19 +171,20 @@ QStringView zelRecordModel::cell(int handle, int column) const
 
 QStringView zelRecordModel::sortText(int handle) const
 {
-    if (m_treeColumn == 0) {
+    const Row &r = row(handle);
+    if (m_treeColumn == 0 && r.treeText) {
         const auto it = m_treeTexts.constFind(handle);
         if (it != m_treeTexts.constEnd())
             return *it;
     }
-    return cell(handle, 0);
+    return QStringView(r.texts).left(r.captionLen);
 }
 
 QString zelRecordModel::CellText(int handle, int column) const
 {
     if (!IsRow(handle) || column < 0)
         return {};
-    if (column == m_treeColumn) {
+    if (column == m_treeColumn && row(handle).treeText) {
         const auto it = m_treeTexts.constFind(handle);
         if (it != m_treeTexts.constEnd())
             return *it;
@@ -176,85 +193,51 @@ QString zelRecordModel::CellText(int handle, int column) const
     return cell(handle, column).toString();
 }
 
-QString zelRecordModel::keyOf(const Row &r) const
-{
-    return r.record ? r.record->Key() : QString();
-}
-
-void zelRecordModel::hashInsert(int handle, uint hash)
-{
-    if (m_slots.size() < m_rows.size() * 2) {
-        std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
-        old.swap(m_slots);
-        const size_t mask = m_slots.size() - 1;
-        for (const Slot &s : old) {
-            if (!s.handle)
-                continue;
-            size_t i = s.hash & mask;
-            while (m_slots[i].handle)
-                i = (i + 1) & mask;
-            m_slots[i] = s;
-        }
-    }
-    const QString key = keyOf(row(handle));
-    const size_t mask = m_slots.size() - 1;
-    for (size_t i = hash & mask;; i = (i + 1) & mask) {
-        if (m_slots[i].handle == 0) {
-            m_slots[i] = Slot{handle, hash};
-            return;
-        }
-        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key) {
-            // The walk decides between rows that share a key.
-            m_sharedKeys.insert(key);
-            return;
-        }
-    }
-}
-
 int zelRecordModel::FindKey(const QString &key) const
 {
-    if (m_slots.empty())
-        return 0;
-    if (!m_sharedKeys.isEmpty() && m_sharedKeys.contains(key)) {
-        std::vector<int> stack(children(0).rbegin(), children(0).rend());
-        while (!stack.empty()) {
-            const int h = stack.back();
-            stack.pop_back();
-            if (keyOf(row(h)) == key)
-                return h;
-            const std::vector<int> &kids = children(h);
-            stack.insert(stack.end(), kids.rbegin(), kids.rend());
-        }
-        return 0;
+    const int found = m_store->FindExact(key);
+    if (found >= 0)
+        return IsRow(found) ? found : 0;
+    // Rows that share the key: the first in display order.
+    std::vector<int> stack(children(0).rbegin(), children(0).rend());
+    while (!stack.empty()) {
+        const int h = stack.back();
+        stack.pop_back();
+        if (row(h).key == key)
+            return h;
+        const std::vector<int> &kids = children(h);
+        stack.insert(stack.end(), kids.rbegin(), kids.rend());
     }
-    const uint hash = uint(qHash(key));
-    const size_t mask = m_slots.size() - 1;
-    for (size_t i = hash & mask; m_slots[i].handle != 0; i = (i + 1) & mask)
-        if (m_slots[i].hash == hash && keyOf(row(m_slots[i].handle)) == key)
-            return m_slots[i].handle;
     return 0;
 }
 
-int zelRecordModel::AddRow(int parentHandle, RecordPtr record, const QString &texts,
+int zelRecordModel::AddRow(int parentHandle, const RecordPtr &record, const QString &texts,
                            const QString &treeText, int imageIndex, bool enabled, bool sorted)
 {
     if (parentHandle != 0 && !IsRow(parentHandle))
         return 0;
-    if (m_rows.size() >= size_t(std::numeric_limits<int>::max() / 2))
+    const int entry = m_store->Append(record ? record->Key() : QString(), texts);
+    return AddEntryRow(parentHandle, entry, treeText, imageIndex, enabled, sorted);
+}
+
+int zelRecordModel::AddEntryRow(int parentHandle, int entry, const QString &treeText,
+                                int imageIndex, bool enabled, bool sorted)
+{
+    if (parentHandle != 0 && !IsRow(parentHandle))
+        return 0;
+    if (entry != m_rowCount + 1 || entry > m_store->Count())
         return 0;
     touch();
-    Row r;
-    r.record = std::move(record);
-    r.texts = texts;
-    r.parent = parentHandle;
+    const int h = entry;
+    Row &r = row(h);
+    r.rowParent = parentHandle;
     r.image = imageIndex;
     r.enabled = enabled;
-    const uint hash = uint(qHash(keyOf(r)));
-    m_rows.push_back(std::move(r));
-    const int h = int(m_rows.size());
-    if (!treeText.isEmpty())
+    if (!treeText.isEmpty()) {
         m_treeTexts.insert(h, treeText);
-    hashInsert(h, hash);
+        r.treeText = true;
+    }
+    ++m_rowCount;
 
     Kids *k = kidsOf(parentHandle);
     if (!k) {
@@ -263,12 +246,13 @@ int zelRecordModel::AddRow(int parentHandle, RecordPtr record, const QString &te
     }
     auto &hs = k->handles;
     // Appending keeps the rows in order when they were and the new one
-    // does not sort before the last.
-    const bool inOrder = k->sortedLen == hs.size() && k->pendingLen == 0 &&
+    // does not sort before the last. Unsorted adds do not ask: the next
+    // sorted add sorts what came since.
+    const bool inOrder = sorted && k->sortedLen == hs.size() && k->pendingLen == 0 &&
                          (hs.empty() || !lessCaption(sortText(h), sortText(hs.back())));
 
     if (m_updating > 0) {
-        row(h).pos = int(hs.size());
+        r.pos = int(hs.size());
         hs.push_back(h);
         if (inOrder) {
             k->sortedLen = hs.size();
@@ -318,12 +302,9 @@ void zelRecordModel::Clear()
     if (m_updating == 0)
         beginResetModel();
     touch();
-    m_rows.clear();
-    m_rows.shrink_to_fit();
+    m_store->Clear();
+    m_rowCount = 0;
     m_root = Kids();
-    m_slots.clear();
-    m_slots.shrink_to_fit();
-    m_sharedKeys.clear();
     m_treeTexts.clear();
     m_paint.clear();
     m_pending.clear();
@@ -352,19 +333,14 @@ void zelRecordModel::EndUpdate()
 
 void zelRecordModel::emitExpansions()
 {
-    for (int h = 1; h <= int(m_rows.size()); ++h)
+    for (int h = 1; h <= m_rowCount; ++h)
         if (row(h).expanded)
             emit ExpandRequested(IndexOf(h), true);
 }
 
 QString zelRecordModel::KeyOf(int handle) const
 {
-    return IsRow(handle) ? keyOf(row(handle)) : QString();
-}
-
-zelRecordModel::RecordPtr zelRecordModel::RecordOf(int handle) const
-{
-    return IsRow(handle) ? row(handle).record : RecordPtr();
+    return IsRow(handle) ? row(handle).key : QString();
 }
 
 QString zelRecordModel::TextsOf(int handle) const
@@ -401,7 +377,7 @@ int zelRecordModel::ChildAt(int parentHandle, int position) const
 
 int zelRecordModel::ParentOf(int handle) const
 {
-    return IsRow(handle) ? row(handle).parent : 0;
+    return IsRow(handle) ? row(handle).rowParent : 0;
 }
 
 int zelRecordModel::Depth(int handle) const
@@ -422,7 +398,7 @@ void zelRecordModel::rowChanged(int handle)
 void zelRecordModel::SetImageProvider(ImageProvider provider)
 {
     m_images = std::move(provider);
-    if (m_updating == 0 && !m_rows.empty()) {
+    if (m_updating == 0 && m_rowCount > 0) {
         emit layoutAboutToBeChanged();
         emit layoutChanged();
     }
@@ -492,7 +468,7 @@ QModelIndex zelRecordModel::index(int r, int column, const QModelIndex &parent) 
 QModelIndex zelRecordModel::parent(const QModelIndex &child) const
 {
     const int h = HandleOf(child);
-    const int p = h ? row(h).parent : 0;
+    const int p = h ? row(h).rowParent : 0;
     return p ? createIndex(posOf(p), 0, quintptr(p)) : QModelIndex();
 }
 
@@ -521,7 +497,7 @@ QVariant zelRecordModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return CellText(h, c);
     case Qt::UserRole:
-        return c == 0 ? QVariant(keyOf(r)) : QVariant();
+        return c == 0 ? QVariant(r.key) : QVariant();
     case Qt::DecorationRole:
         if ((c == 0 || c == m_treeColumn) && r.image > 0 && m_images)
             return m_images(r.image);

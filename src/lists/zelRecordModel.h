@@ -1,11 +1,12 @@
 #pragma once
 
 // The rows of a combo, a tree list or a combo tree, for the tree views that
-// show them. Each row is held once: the record it belongs to and the texts
-// it was added with (the tab-joined string, shared with the record's Data
-// as it was then, so a later write to Data does not change the row). Rows
-// are addressed by handles, 1 and up in the order they were added; 0 is
-// none. Handles stay valid until Clear.
+// show them. Each row is held once, in the entry of its record in the
+// record store (zelRecordStore) that the model shares with the records: the
+// texts it was added with (a later write to the record's Data does not
+// change the row), its place in the tree, picture and state. Rows are
+// addressed by handles, 1 and up in the order they were added (the entry
+// numbers); 0 is none. Handles stay valid until Clear.
 //
 // Sorting is by the caption of column 0, compared without regard to letter
 // case (Unicode case folding, no locale), and stable: rows with the same
@@ -20,6 +21,7 @@
 
 #include "lists/zelColumnSpec.h"
 #include "lists/zelComboRecord.h"
+#include "lists/zelRecordStore.h"
 #include "zelCtrlExport.h"
 
 #include <QAbstractItemModel>
@@ -55,13 +57,23 @@ public:
     void SetTreeColumn(int column);
     int TreeColumn() const { return m_treeColumn; }
 
-    // A new row under parentHandle (0: at the top); 0 when parentHandle is
-    // not a row. texts are the column texts joined by tabs; treeText is
-    // shown in the tree column (text 0 when empty). imageIndex 0: no image.
-    int AddRow(int parentHandle, RecordPtr record, const QString &texts,
+    // Shows the entries of store (empty, as the model's own store must be):
+    // the records' store, so that every record's entry is its row.
+    void SetStore(std::shared_ptr<zel::zelRecordStore> store);
+    const std::shared_ptr<zel::zelRecordStore> &Store() const { return m_store; }
+    // The row of entry (which must be the entry after the last row) under
+    // parentHandle (0: at the top); 0 when parentHandle is not a row or
+    // entry is not the next. treeText is shown in the tree column (text 0
+    // when empty). imageIndex 0: no image.
+    int AddEntryRow(int parentHandle, int entry, const QString &treeText = QString(),
+                    int imageIndex = 0, bool enabled = true, bool sorted = false);
+    // A new entry for the key of record (none: the empty key, which rows
+    // may share) and the tab-joined texts, and its row (AddEntryRow).
+    int AddRow(int parentHandle, const RecordPtr &record, const QString &texts,
                const QString &treeText = QString(), int imageIndex = 0, bool enabled = true,
                bool sorted = false);
-    // Every row goes (one model reset); the records are the caller's.
+    // Every row goes (one model reset), and with them the entries of the
+    // store: records still held elsewhere keep a copy of their data.
     void Clear();
 
     // The row whose record key equals key exactly (letter case counts), as
@@ -70,17 +82,16 @@ public:
     int FindKey(const QString &key) const;
     // "" for a handle that is not a row.
     QString KeyOf(int handle) const;
-    RecordPtr RecordOf(int handle) const;
     QString TextsOf(int handle) const;
     // What the cell shows: text `column` of the row, or the tree text in
     // the tree column.
     QString CellText(int handle, int column) const;
-    bool IsRow(int handle) const { return handle >= 1 && handle <= int(m_rows.size()); }
+    bool IsRow(int handle) const { return handle >= 1 && handle <= m_rowCount; }
 
     int HandleOf(const QModelIndex &index) const;
     QModelIndex IndexOf(int handle, int column = 0) const;
     // All rows, at every depth.
-    int RowCount() const { return int(m_rows.size()); }
+    int RowCount() const { return m_rowCount; }
     int ChildCount(int parentHandle) const;
     // The child at 0-based position under parentHandle (0: top level); 0
     // when there is none.
@@ -127,31 +138,16 @@ private:
     // last sorted add, in the order they came, followed by the rows added
     // unsorted since. So the rows need to be known in order only as far as
     // the last sorted add, and a run of sorted adds needs one sort.
-    struct Kids
-    {
-        std::vector<int> handles;
-        size_t sortedLen = 0;  // handles before this are in order
-        size_t pendingLen = 0; // handles before this are to be sorted before use (0: none)
-    };
-    struct Row
-    {
-        RecordPtr record;
-        QString texts;
-        std::unique_ptr<Kids> kids;
-        int parent = 0;
-        mutable int pos = 0; // position under the parent, checked before use
-        int image = 0;
-        bool enabled = true;
-        bool expanded = false;
-    };
+    using Kids = zel::zelRecordStore::Kids;
+    using Row = zel::zelRecordStore::Entry;
     struct CellPaint
     {
         quint32 back = 0;
         bool bold = false;
     };
 
-    const Row &row(int handle) const { return m_rows[size_t(handle - 1)]; }
-    Row &row(int handle) { return m_rows[size_t(handle - 1)]; }
+    const Row &row(int handle) const { return m_store->At(handle); }
+    Row &row(int handle) { return m_store->At(handle); }
     Kids *kidsOf(int parentHandle) const;
     const std::vector<int> &children(int parentHandle) const; // sorted when pending
     int posOf(int handle) const;
@@ -160,22 +156,14 @@ private:
     void sortKids(Kids &k, size_t upTo) const;
     void sortWithSignals(int parentHandle, Kids &k);
     void touch();
-    void hashInsert(int handle, uint hash);
-    QString keyOf(const Row &r) const;
     void emitExpansions();
     void rowChanged(int handle);
 
     QList<zel::zelColumnDesc> m_columns;
     int m_treeColumn = 0;
-    std::vector<Row> m_rows;
+    std::shared_ptr<zel::zelRecordStore> m_store;
+    int m_rowCount = 0;
     mutable Kids m_root;
-    struct Slot
-    {
-        int handle = 0; // 0: empty
-        uint hash = 0;
-    };
-    std::vector<Slot> m_slots; // open addressing over handles, by exact key
-    QSet<QString> m_sharedKeys;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
     mutable std::vector<int> m_pending;

@@ -48,7 +48,7 @@ void zelRecordSelection::SelectionChanged()
     const qint32 row = selected.first();
     if (row == m_lastRow && !m_userClick)
         return;
-    m_selected = m_view.RecordOf(m_view.KeyOfRow(row));
+    m_selected = m_view.RecordOfRow(row);
     m_lastRow = row;
     m_view.RaiseChanged(m_userClick);
 }

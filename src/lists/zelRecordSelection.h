@@ -35,7 +35,8 @@ public:
         // reaches SelectionChanged().
         virtual void SelectRow(qint32 row) = 0;
         virtual void UnselectRow(qint32 row) = 0;
-        virtual std::shared_ptr<zelComboRecord> RecordOf(const QString &key) const = 0;
+        // The record a row shows.
+        virtual std::shared_ptr<zelComboRecord> RecordOfRow(qint32 row) const = 0;
         virtual void RaiseChanged(bool bUserClick) = 0;
     };
 

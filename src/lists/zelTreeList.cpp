@@ -73,9 +73,9 @@ public:
         m.m_extGrid->selectionModel()->select(
             m.m_model->IndexOf(row), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
     }
-    std::shared_ptr<zelComboRecord> RecordOf(const QString &key) const override
+    std::shared_ptr<zelComboRecord> RecordOfRow(qint32 row) const override
     {
-        return m.m_records->Item(key);
+        return m.m_records->Store()->Object(row);
     }
     void RaiseChanged(bool bUserClick) override { emit m.Changed(bUserClick); }
 
@@ -91,6 +91,7 @@ zelTreeList::zelTreeList(QWidget *parent)
     t.Run([&] {
         t.Step = QStringLiteral("Making Records");
         m_records = std::make_shared<zelComboRecords>();
+        m_model->SetStore(m_records->Store());
         m_view = std::make_unique<Selection>(*this);
         m_selection = std::make_unique<zelRecordSelection>(*m_view, true);
 
@@ -278,11 +279,10 @@ void zelTreeList::SetExpandLevel(qint32 v)
 {
     LetThen("ExpandLevel", m_expandLevel, v, [this] {
         static_cast<TreeView *>(m_extGrid)->DeferLayout();
-        // Record by record, each on its row: every record has the one row
-        // added with it, so the rows in the order added are the records in
-        // order, and m_levels holds their levels side by side.
-        for (int row = 1; row <= int(m_levels.size()); ++row) {
-            const qint32 level = m_levels[size_t(row - 1)];
+        // Record by record, each on its row: a record's entry is its row.
+        const zel::zelRecordStore &store = *m_records->Store();
+        for (int row = 1; row <= m_model->RowCount(); ++row) {
+            const qint32 level = store.At(row).level;
             // Only rows that change reach the tree: most rows of a large
             // tree are closed and stay closed.
             if (level <= m_expandLevel && m_model->IsExpanded(row) != (level < m_expandLevel))
@@ -302,13 +302,12 @@ QString zelTreeList::SelectedKey() const
     return record ? record->Key() : QString();
 }
 
-std::shared_ptr<zelComboRecord> zelTreeList::AddItem(const QString &sParentKey, const QString &sKey,
-                                                     const QString &sData, const QString &sText,
-                                                     const QVariant &oTag,
-                                                     const QVariant &vImageKey, bool bEnabled,
-                                                     bool bExpandParent)
+zelComboRecordRef zelTreeList::AddItem(const QString &sParentKey, const QString &sKey,
+                                       const QString &sData, const QString &sText,
+                                       const QVariant &oTag, const QVariant &vImageKey,
+                                       bool bEnabled, bool bExpandParent)
 {
-    std::shared_ptr<zelComboRecord> result;
+    zelComboRecordRef result;
     zel::Trail t(this, "AddItem");
     t.Run([&] {
         t.Step = QStringLiteral("Splitting");
@@ -320,22 +319,22 @@ std::shared_ptr<zelComboRecord> zelTreeList::AddItem(const QString &sParentKey, 
             return;
 
         t.Step = QStringLiteral("Adding Record");
-        const auto record = m_records->CreateRecord(sKey, sData, oTag, sParentKey);
-        if (!record)
+        const int entry = m_records->CreateEntry(sKey, sData, oTag, sParentKey);
+        if (!entry)
             return;
-        const auto parent = record->Parent();
-        zel::detail::ComboRecordAccess::SetLevel(*record, parent ? parent->Level() + 1 : 0);
-        result = record;
+        zel::zelRecordStore &store = *m_records->Store();
+        const int parent = store.At(entry).parent;
+        store.At(entry).level = parent ? store.At(parent).level + 1 : 0;
+        result = zelComboRecordRef(m_records->Store(), entry);
 
         t.Step = QStringLiteral("Adding Item");
         // The parent row is found by the key as given, letter case and all.
         const int parentRow = sParentKey.isEmpty() ? 0 : m_model->FindKey(sParentKey);
-        const int row = m_model->AddRow(parentRow, record, sData, sText,
-                                        m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
-        if (row != int(m_levels.size()) + 1)
+        const int row = m_model->AddEntryRow(parentRow, entry, sText,
+                                             m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
+        if (row != entry)
             throw zelError(zelError::InvalidProcedureCall, QString(),
                            QStringLiteral("The tree refused the row"));
-        m_levels.push_back(record->Level());
         if (parentRow != 0)
             m_model->SetExpanded(parentRow, bExpandParent);
         t.Step = QStringLiteral("Finished");
@@ -349,10 +348,10 @@ void zelTreeList::Clear()
     zel::Trail t(this, "Clear");
     t.Run([&] {
         m_selection->Clear([this] {
-            m_records->ClearRecords();
+            // The records' entries are the rows: both go here.
             if (m_model->RowCount() > 0)
                 m_model->Clear();
-            m_levels.clear();
+            m_records->ClearRecords();
         });
     });
 }

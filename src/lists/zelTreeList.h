@@ -11,6 +11,7 @@
 // last column "Hidden", so the data columns are all but the last.
 
 #include "core/zelProperties.h"
+#include "lists/zelComboRecordRef.h"
 #include "lists/zelComboRecords.h"
 #include "lists/zelRecordSelection.h"
 
@@ -99,7 +100,12 @@ public:
     // in its letter case). sText, when given, is shown in the tree column in
     // place of the first text. Nothing, and no row, for an empty sData, more
     // texts than data columns, or a key that is taken in any letter case.
+    // Late bound, the record comes back as a std::shared_ptr (a QObject).
+#ifdef Q_MOC_RUN
     Q_INVOKABLE std::shared_ptr<zelComboRecord>
+#else
+    zelComboRecordRef
+#endif
     AddItem(const QString &sParentKey, const QString &sKey, const QString &sData,
             const QString &sText = QString(), const QVariant &oTag = QVariant(),
             const QVariant &vImageKey = QVariant(), bool bEnabled = true,
@@ -124,14 +130,26 @@ public:
     Q_INVOKABLE void ReplaceImage(const QString &sKey, const QVariant &lHandle);
     Q_INVOKABLE bool UpdateImage(const QString &sKey, const QVariant &vImageKey);
 
-    Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    Q_INVOKABLE void InitProperties() override
+    {
+        zelPropertyHost::InitProperties();
+    }
     void ReadProperties(zelPropertyBag &bag) override;
     const zel::zelPropertyTable &Properties() const override;
 
     // The tree and its rows, for hosts that style them and for tests.
-    QTreeView *Tree() const { return m_extGrid; }
-    zelRecordModel *Model() const { return m_model; }
-    const zel::zelImageList &Images() const { return *m_images; }
+    QTreeView *Tree() const
+    {
+        return m_extGrid;
+    }
+    zelRecordModel *Model() const
+    {
+        return m_model;
+    }
+    const zel::zelImageList &Images() const
+    {
+        return *m_images;
+    }
 
 signals:
     // Raised after every change of the selected row: bUserClick is false
@@ -142,8 +160,14 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
-    const QObject *PropertyOwner() const override { return this; }
-    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    const QObject *PropertyOwner() const override
+    {
+        return this;
+    }
+    void MarkChanged(const QString &name) override
+    {
+        emit PropertyChanged(name);
+    }
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -161,9 +185,6 @@ private:
     std::shared_ptr<zelComboRecords> m_records;
     std::unique_ptr<Selection> m_view;
     std::unique_ptr<zelRecordSelection> m_selection;
-    // The Level of the record of each row, by handle - 1: ExpandLevel reads
-    // them all, and side by side they cost no visit to each record.
-    std::vector<qint32> m_levels;
     QString m_columns;
     qint32 m_expandLevel = 0;
     bool m_enabled = true;

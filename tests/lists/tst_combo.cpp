@@ -164,7 +164,7 @@ private slots:
             QCOMPARE(combo.Model().CellText(row, 0), data.section(QLatin1Char('\t'), 0, 0));
             QCOMPARE(combo.Model().CellText(row, 1), data.section(QLatin1Char('\t'), 1, 1));
             QVERIFY(combo.SelectItem(key));
-            QCOMPARE(combo.SelectedRecord(), record);
+            QCOMPARE(combo.SelectedRecord(), record.get());
         }
     }
 

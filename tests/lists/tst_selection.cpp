@@ -32,7 +32,7 @@ struct Rows : zelRecordSelection::View
         if (selected.removeAll(row))
             sel->SelectionChanged();
     }
-    std::shared_ptr<zelComboRecord> RecordOf(const QString &) const override { return {}; }
+    std::shared_ptr<zelComboRecord> RecordOfRow(qint32) const override { return {}; }
     void RaiseChanged(bool bUserClick) override { events << bUserClick; }
 };
 

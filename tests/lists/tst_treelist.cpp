@@ -202,6 +202,46 @@ private slots:
         QCOMPARE(loaded.Model()->ColumnCount(), 3);
     }
 
+    // A record's object is made only when asked for, reads through its row
+    // while the row exists and keeps what it read when the rows go.
+    void recordsOutliveTheirRows_data()
+    {
+        zelColumns<QString, bool>({"clearBy", "parentFirst"});
+        zelRow("rows kept", QString(), false);
+        zelRow("Clear", u"Clear"_s, false);
+        zelRow("Clear, parent asked first", u"Clear"_s, true);
+        zelRow("Columns of another count", u"Columns"_s, false);
+    }
+    void recordsOutliveTheirRows()
+    {
+        const auto [clearBy, parentFirst] = zelFetch<QString, bool>({"clearBy", "parentFirst"});
+        auto t = farms();
+        QObject tag;
+        const int row = t->Model()->RowCount() + 1;
+        const auto added =
+            t->AddItem(u"z4"_s, u"Pest"_s, u"Aphid\t3"_s, {}, QVariant::fromValue(&tag));
+        if (parentFirst)
+            QCOMPARE(t->Records()->Item(u"Z4"_s)->Key(), u"Z4"_s);
+        const std::shared_ptr<zelComboRecord> record = added;
+        QCOMPARE(t->Records()->Item(u"PEST"_s), record);
+        QCOMPARE(t->Records()->Item(row), record);
+        record->SetData(u"Mite\t4"_s);
+        QCOMPARE(t->Model()->CellText(row, 0), u"Aphid"_s);
+        if (clearBy == u"Clear"_s)
+            t->Clear();
+        else if (!clearBy.isEmpty())
+            t->SetColumns(u"Farm"_s);
+        QCOMPARE(t->Records()->Count(), clearBy.isEmpty() ? row : 0);
+        QCOMPARE(record->Key(), u"Pest"_s);
+        QCOMPARE(record->Data(), u"Mite\t4"_s);
+        QCOMPARE(record->Tag().value<QObject *>(), &tag);
+        QCOMPARE(record->Level(), 3);
+        QStringList chain;
+        for (auto r = record->Parent(); r; r = r->Parent())
+            chain << r->Key() + QString::number(r->Level());
+        QCOMPARE(chain, QStringList({u"Z42"_s, u"P31"_s, u"F20"_s}));
+    }
+
     // Clear, and a Columns change of count, empty the tree; what the host
     // holds lives on. A change of the same count keeps the rows.
     void clearLeavesRecordsTheHostHolds()

@@ -1,0 +1,223 @@
+#include "lists/zelRecordStore.h"
+
+#include "core/zelKeyedCollectionDetail.h"
+#include "lists/zelComboRecord.h"
+
+namespace zel {
+
+namespace {
+
+quint32 hashOf(const QString &key)
+{
+    return quint32(detail::CaseInsensitiveHash()(key));
+}
+
+} // namespace
+
+zelRecordStore::~zelRecordStore()
+{
+    detachObjects();
+}
+
+int zelRecordStore::RecordAt(qint64 position) const
+{
+    if (position < 1 || position > RecordCount())
+        return 0;
+    if (m_removed == 0)
+        return int(position);
+    // Only after RemoveRecord, which no control calls: a walk is enough.
+    for (int n = 1; n <= Count(); ++n)
+        if (!At(n).removed && --position == 0)
+            return n;
+    return 0;
+}
+
+int zelRecordStore::Find(const QString &key) const
+{
+    // A record added without a key has none to be found by.
+    return key.isEmpty() ? 0 : lookup(key);
+}
+
+int zelRecordStore::lookup(const QString &key) const
+{
+    if (m_slots.empty())
+        return 0;
+    const quint32 h = hashOf(key);
+    const size_t mask = m_slots.size() - 1;
+    for (size_t i = h & mask; m_slots[i].entry != 0; i = (i + 1) & mask)
+        if (m_slots[i].hash == h && detail::CaseInsensitiveEqual()(At(m_slots[i].entry).key, key))
+            return m_slots[i].entry;
+    return 0;
+}
+
+int zelRecordStore::FindExact(const QString &key) const
+{
+    if (!m_sharedKeys.isEmpty() && m_sharedKeys.contains(key.toCaseFolded()))
+        return -1;
+    const int n = lookup(key);
+    return n && At(n).key == key ? n : 0;
+}
+
+void zelRecordStore::index(int n, quint32 hash, bool shared)
+{
+    if ((m_slots.size() >> 1) <= size_t(Count() - m_removed)) {
+        std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
+        old.swap(m_slots);
+        const size_t mask = m_slots.size() - 1;
+        for (const Slot &s : old) {
+            if (!s.entry)
+                continue;
+            size_t i = s.hash & mask;
+            while (m_slots[i].entry)
+                i = (i + 1) & mask;
+            m_slots[i] = s;
+        }
+    }
+    if (shared) {
+        m_sharedKeys.insert(At(n).key.toCaseFolded());
+        return;
+    }
+    const size_t mask = m_slots.size() - 1;
+    size_t i = hash & mask;
+    while (m_slots[i].entry)
+        i = (i + 1) & mask;
+    m_slots[i] = Slot{hash, n};
+}
+
+void zelRecordStore::unindex(int n)
+{
+    if (m_slots.empty())
+        return;
+    const size_t mask = m_slots.size() - 1;
+    size_t i = hashOf(At(n).key) & mask;
+    while (m_slots[i].entry && m_slots[i].entry != n)
+        i = (i + 1) & mask;
+    if (!m_slots[i].entry)
+        return;
+    // Backward-shift deletion keeps every probe run unbroken.
+    m_slots[i] = Slot();
+    for (size_t j = (i + 1) & mask; m_slots[j].entry; j = (j + 1) & mask) {
+        const size_t home = m_slots[j].hash & mask;
+        if (((j - home) & mask) >= ((j - i) & mask)) {
+            m_slots[i] = m_slots[j];
+            m_slots[j] = Slot();
+            i = j;
+        }
+    }
+}
+
+int zelRecordStore::Create(const QString &key, const QString &texts)
+{
+    if (Find(key) != 0)
+        return 0;
+    return Append(key, texts);
+}
+
+int zelRecordStore::Append(const QString &key, const QString &texts)
+{
+    if (m_entries.size() >= size_t(std::numeric_limits<int>::max() / 2))
+        return 0;
+    const bool shared = lookup(key) != 0;
+    Entry &e = m_entries.emplace_back();
+    e.key = key;
+    e.texts = texts;
+    const qsizetype tab = texts.indexOf(QLatin1Char('\t'));
+    e.captionLen = qint32(tab < 0 ? texts.size() : tab);
+    const int n = Count();
+    index(n, hashOf(key), shared);
+    return n;
+}
+
+QString zelRecordStore::Data(int n) const
+{
+    const auto it = m_data.constFind(n);
+    return it == m_data.constEnd() ? At(n).texts : *it;
+}
+
+void zelRecordStore::SetData(int n, const QString &data)
+{
+    m_data.insert(n, data);
+}
+
+void zelRecordStore::SetTag(int n, const QVariant &tag)
+{
+    if (tag.isValid())
+        m_tags.insert(n, tag);
+    else
+        m_tags.remove(n);
+}
+
+std::shared_ptr<zelComboRecord> zelRecordStore::Object(int n)
+{
+    if (n < 1 || n > Count())
+        return {};
+    if (auto p = At(n).object.lock())
+        return p;
+    // The entries up the Parent chain that have no object yet, made from
+    // the top down so that each takes its parent's.
+    std::vector<int> chain;
+    for (int m = n; m != 0; m = At(m).parent) {
+        if (!At(m).object.expired())
+            break;
+        chain.push_back(m);
+    }
+    std::shared_ptr<zelComboRecord> made;
+    for (auto it = chain.rbegin(); it != chain.rend(); ++it) {
+        Entry &e = At(*it);
+        auto object = std::make_shared<zelComboRecord>();
+        object->m_store = this;
+        object->m_entry = *it;
+        object->m_parent = e.parent ? At(e.parent).object.lock() : nullptr;
+        e.object = object;
+        m_made.push_back(object);
+        made = std::move(object);
+    }
+    return made;
+}
+
+void zelRecordStore::Keep(int n, std::shared_ptr<zelComboRecord> object)
+{
+    m_kept.insert(n, std::move(object));
+}
+
+void zelRecordStore::Remove(int n)
+{
+    Entry &e = At(n);
+    if (e.removed)
+        return;
+    if (auto p = e.object.lock())
+        p->detach();
+    unindex(n);
+    e.removed = true;
+    e.object.reset();
+    m_kept.remove(n);
+    ++m_removed;
+}
+
+void zelRecordStore::detachObjects()
+{
+    for (const auto &p : m_made)
+        p->detach();
+    for (const auto &p : std::as_const(m_kept))
+        p->detach();
+}
+
+void zelRecordStore::Clear()
+{
+    detachObjects();
+    // The kept objects may be the last holders of their parents: they go
+    // after every object has its own copy.
+    const auto kept = std::move(m_kept);
+    const auto made = std::move(m_made);
+    m_entries.clear();
+    m_entries.shrink_to_fit();
+    m_slots.clear();
+    m_slots.shrink_to_fit();
+    m_sharedKeys.clear();
+    m_data.clear();
+    m_tags.clear();
+    m_removed = 0;
+    ++m_generation;
+}
+
+} // namespace zel

@@ -1,0 +1,126 @@
+#pragma once
+
+// The one place where the records of a list and the rows that show them
+// live: one entry per record, in insertion order (an entry's number, 1 and
+// up, is the record's position and the row's handle), side by side in one
+// array. A million rows cost a million entries and no other allocation
+// beyond the array's growth; the texts are shares of the host's strings.
+//
+// A zelComboRecord object is made only when someone asks for one (Object);
+// the store then holds it, as a collection of objects would, so that a
+// late-bound caller's bare QObject * stays valid, and hands out the same
+// object every time. Bound to its entry it reads and writes through it;
+// when the entries go (Clear, or the store itself), every object still
+// alive takes a copy of its data first.
+//
+// Keys: one table, letter case ignored, answers both the records' lookup
+// and the rows' lookup by exact key (a case-blind hit compared exactly).
+
+#include "zelCtrlExport.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+class zelComboRecord;
+
+namespace zel {
+
+class ZELCTRL_EXPORT zelRecordStore
+{
+public:
+    // The rows under one row (or at the top), in display order. Most rows
+    // have none, and then no Kids either.
+    struct Kids
+    {
+        std::vector<int> handles;
+        size_t sortedLen = 0;  // handles before this are in order
+        size_t pendingLen = 0; // handles before this are to be sorted before use (0: none)
+    };
+    struct Entry
+    {
+        QString key;
+        QString texts; // the row's tab-joined texts as added; also Data until written
+        std::weak_ptr<zelComboRecord> object;
+        std::unique_ptr<Kids> kids;
+        qint32 parent = 0;    // the record's Parent when its object is made; 0: none
+        qint32 rowParent = 0; // the row it is shown under; 0: the top
+        qint32 level = 0;
+        qint32 image = 0;
+        mutable qint32 pos = 0; // position under rowParent, checked before use
+        qint32 captionLen = 0;  // length of the first text, the sort key
+        bool enabled = true;
+        bool expanded = false;
+        bool treeText = false; // the model holds a tree text for the row
+        bool removed = false;  // RemoveRecord took it out of the records
+    };
+
+    zelRecordStore() = default;
+    zelRecordStore(const zelRecordStore &) = delete;
+    zelRecordStore &operator=(const zelRecordStore &) = delete;
+    // Objects still held elsewhere take their data along.
+    ~zelRecordStore();
+
+    int Count() const { return int(m_entries.size()); }
+    Entry &At(int n) { return m_entries[size_t(n - 1)]; }
+    const Entry &At(int n) const { return m_entries[size_t(n - 1)]; }
+    // Records (entries not removed) and the n-th of them (1-based; 0: none).
+    int RecordCount() const { return Count() - m_removed; }
+    int RecordAt(qint64 position) const;
+    // Bumped by Clear: entry numbers from before it name nothing now.
+    quint64 Generation() const { return m_generation; }
+
+    // The record of key, letter case ignored; 0 when none and for "".
+    int Find(const QString &key) const;
+    // The entry whose key is key exactly; 0 when none; -1 when entries
+    // share that key in some letter case and only a walk can tell.
+    int FindExact(const QString &key) const;
+    // A new entry, or 0 when the key is taken in any letter case.
+    int Create(const QString &key, const QString &texts);
+    // A new entry whatever its key: keys that several entries share are
+    // told apart by a walk (FindExact answers -1 for them).
+    int Append(const QString &key, const QString &texts);
+
+    QString Data(int n) const;
+    void SetData(int n, const QString &data);
+    QVariant Tag(int n) const { return m_tags.value(n); }
+    void SetTag(int n, const QVariant &tag);
+
+    // The object of entry n, made when there is none; its Parent's object
+    // is made with it.
+    std::shared_ptr<zelComboRecord> Object(int n);
+    // The store holds the object from now on: a host changed its Parent,
+    // which the entry cannot hold for an object made again later.
+    void Keep(int n, std::shared_ptr<zelComboRecord> object);
+    // Entry n leaves the records (its object, when alive, takes its data);
+    // its row stays.
+    void Remove(int n);
+    void Clear();
+
+private:
+    struct Slot
+    {
+        quint32 hash = 0;
+        qint32 entry = 0; // 0: empty
+    };
+    int lookup(const QString &key) const;
+    void index(int n, quint32 hash, bool shared);
+    void unindex(int n);
+    void detachObjects();
+
+    std::vector<Entry> m_entries;
+    std::vector<Slot> m_slots;  // open addressing, at most half full
+    QSet<QString> m_sharedKeys; // folded keys that Append gave to several entries
+    QHash<int, QString> m_data; // Data written by a host
+    QHash<int, QVariant> m_tags;
+    QHash<int, std::shared_ptr<zelComboRecord>> m_kept;
+    std::vector<std::shared_ptr<zelComboRecord>> m_made;
+    quint64 m_generation = 0;
+    int m_removed = 0;
+};
+
+} // namespace zel
