@@ -35,8 +35,6 @@ void zelComboRecord::SetTag(const QVariant &v)
 void zelComboRecord::SetParent(Ptr p)
 {
     m_parent = std::move(p);
-    if (m_store)
-        m_store->Keep(m_entry, SharedSelf());
 }
 
 void zelComboRecord::detach()

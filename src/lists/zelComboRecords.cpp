@@ -90,8 +90,8 @@ bool zelComboRecords::AddRecord(const Ptr &record)
             return false;
         m_store->SetTag(n, record->Tag());
         m_store->At(n).level = record->Level();
-        // The record goes on answering for itself; the store only keeps it.
-        m_store->Keep(n, record);
+        // The record goes on answering for itself.
+        m_store->Adopt(n, record);
         return true;
     } catch (...) {
         return false;
@@ -105,11 +105,11 @@ bool zelComboRecords::RemoveRecord(const QVariant &vKey)
         return false;
     zel::Trail t(this, "RemoveRecord");
     return t.Run([&] {
-        // Every record keeps its object from here on: each holds its Parent
-        // as an object, the removed one too, as a plain counted reference.
+        // Every record gets its object: each holds its Parent as an object,
+        // the removed one too, as a plain counted reference.
         for (int n = 1; n <= m_store->Count(); ++n)
             if (!m_store->At(n).removed)
-                m_store->Keep(n, m_store->Object(n));
+                m_store->Object(n);
         m_store->Remove(removed);
         // The key is compared as the classic comparison of a string with a
         // variant does: exactly for a string, as a number for a number.

@@ -58,30 +58,21 @@ int zelRecordStore::FindExact(const QString &key) const
     return n && At(n).key == key ? n : 0;
 }
 
-void zelRecordStore::index(int n, quint32 hash, bool shared)
+void zelRecordStore::grow()
 {
-    if ((m_slots.size() >> 1) <= size_t(Count() - m_removed)) {
-        std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
-        old.swap(m_slots);
-        const size_t mask = m_slots.size() - 1;
-        for (const Slot &s : old) {
-            if (!s.entry)
-                continue;
-            size_t i = s.hash & mask;
-            while (m_slots[i].entry)
-                i = (i + 1) & mask;
-            m_slots[i] = s;
-        }
-    }
-    if (shared) {
-        m_sharedKeys.insert(At(n).key.toCaseFolded());
+    if ((m_slots.size() >> 1) > size_t(RecordCount()))
         return;
-    }
+    std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
+    old.swap(m_slots);
     const size_t mask = m_slots.size() - 1;
-    size_t i = hash & mask;
-    while (m_slots[i].entry)
-        i = (i + 1) & mask;
-    m_slots[i] = Slot{hash, n};
+    for (const Slot &s : old) {
+        if (!s.entry)
+            continue;
+        size_t i = s.hash & mask;
+        while (m_slots[i].entry)
+            i = (i + 1) & mask;
+        m_slots[i] = s;
+    }
 }
 
 void zelRecordStore::unindex(int n)
@@ -108,23 +99,43 @@ void zelRecordStore::unindex(int n)
 
 int zelRecordStore::Create(const QString &key, const QString &texts)
 {
-    if (Find(key) != 0)
-        return 0;
-    return Append(key, texts);
+    return add(key, texts, true);
 }
 
 int zelRecordStore::Append(const QString &key, const QString &texts)
 {
+    return add(key, texts, false);
+}
+
+int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTaken)
+{
     if (m_entries.size() >= size_t(std::numeric_limits<int>::max() / 2))
         return 0;
-    const bool shared = lookup(key) != 0;
+    grow();
+    // One probe: it finds the key when it is taken, or the free slot.
+    const quint32 h = hashOf(key);
+    const size_t mask = m_slots.size() - 1;
+    size_t i = h & mask;
+    bool taken = false;
+    for (; m_slots[i].entry != 0; i = (i + 1) & mask) {
+        if (m_slots[i].hash == h && detail::CaseInsensitiveEqual()(At(m_slots[i].entry).key, key)) {
+            taken = true;
+            break;
+        }
+    }
+    // Records without a key are not found by it, so none takes it.
+    if (taken && refuseTaken && !key.isEmpty())
+        return 0;
     Entry &e = m_entries.emplace_back();
     e.key = key;
     e.texts = texts;
     const qsizetype tab = texts.indexOf(QLatin1Char('\t'));
     e.captionLen = qint32(tab < 0 ? texts.size() : tab);
     const int n = Count();
-    index(n, hashOf(key), shared);
+    if (taken)
+        m_sharedKeys.insert(key.toCaseFolded());
+    else
+        m_slots[i] = Slot{h, n};
     return n;
 }
 
@@ -151,13 +162,13 @@ std::shared_ptr<zelComboRecord> zelRecordStore::Object(int n)
 {
     if (n < 1 || n > Count())
         return {};
-    if (auto p = At(n).object.lock())
-        return p;
+    if (At(n).object)
+        return m_made[size_t(At(n).object - 1)];
     // The entries up the Parent chain that have no object yet, made from
     // the top down so that each takes its parent's.
     std::vector<int> chain;
-    for (int m = n; m != 0; m = At(m).parent) {
-        if (!At(m).object.expired())
+    for (int m = n; m != 0 && !At(m).removed; m = At(m).parent) {
+        if (At(m).object)
             break;
         chain.push_back(m);
     }
@@ -167,17 +178,19 @@ std::shared_ptr<zelComboRecord> zelRecordStore::Object(int n)
         auto object = std::make_shared<zelComboRecord>();
         object->m_store = this;
         object->m_entry = *it;
-        object->m_parent = e.parent ? At(e.parent).object.lock() : nullptr;
-        e.object = object;
+        const int parent = e.parent ? At(e.parent).object : 0;
+        object->m_parent = parent ? m_made[size_t(parent - 1)] : nullptr;
         m_made.push_back(object);
+        e.object = qint32(m_made.size());
         made = std::move(object);
     }
     return made;
 }
 
-void zelRecordStore::Keep(int n, std::shared_ptr<zelComboRecord> object)
+void zelRecordStore::Adopt(int n, std::shared_ptr<zelComboRecord> object)
 {
-    m_kept.insert(n, std::move(object));
+    m_made.push_back(std::move(object));
+    At(n).object = qint32(m_made.size());
 }
 
 void zelRecordStore::Remove(int n)
@@ -185,29 +198,27 @@ void zelRecordStore::Remove(int n)
     Entry &e = At(n);
     if (e.removed)
         return;
-    if (auto p = e.object.lock())
-        p->detach();
+    if (e.object && m_made[size_t(e.object - 1)]->m_store == this)
+        m_made[size_t(e.object - 1)]->detach();
     unindex(n);
     e.removed = true;
-    e.object.reset();
-    m_kept.remove(n);
+    e.object = 0;
     ++m_removed;
 }
 
 void zelRecordStore::detachObjects()
 {
+    // An adopted record may answer for another store, or for itself.
     for (const auto &p : m_made)
-        p->detach();
-    for (const auto &p : std::as_const(m_kept))
-        p->detach();
+        if (p->m_store == this)
+            p->detach();
 }
 
 void zelRecordStore::Clear()
 {
     detachObjects();
-    // The kept objects may be the last holders of their parents: they go
-    // after every object has its own copy.
-    const auto kept = std::move(m_kept);
+    // The objects may be the last holders of their parents: they go after
+    // every object has its own copy.
     const auto made = std::move(m_made);
     m_entries.clear();
     m_entries.shrink_to_fit();

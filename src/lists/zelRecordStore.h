@@ -45,8 +45,8 @@ public:
     {
         QString key;
         QString texts; // the row's tab-joined texts as added; also Data until written
-        std::weak_ptr<zelComboRecord> object;
         std::unique_ptr<Kids> kids;
+        qint32 object = 0;    // 1-based among the objects made; 0: none yet
         qint32 parent = 0;    // the record's Parent when its object is made; 0: none
         qint32 rowParent = 0; // the row it is shown under; 0: the top
         qint32 level = 0;
@@ -93,9 +93,8 @@ public:
     // The object of entry n, made when there is none; its Parent's object
     // is made with it.
     std::shared_ptr<zelComboRecord> Object(int n);
-    // The store holds the object from now on: a host changed its Parent,
-    // which the entry cannot hold for an object made again later.
-    void Keep(int n, std::shared_ptr<zelComboRecord> object);
+    // object (made elsewhere) is the record of entry n from now on.
+    void Adopt(int n, std::shared_ptr<zelComboRecord> object);
     // Entry n leaves the records (its object, when alive, takes its data);
     // its row stays.
     void Remove(int n);
@@ -108,7 +107,8 @@ private:
         qint32 entry = 0; // 0: empty
     };
     int lookup(const QString &key) const;
-    void index(int n, quint32 hash, bool shared);
+    int add(const QString &key, const QString &texts, bool refuseTaken);
+    void grow();
     void unindex(int n);
     void detachObjects();
 
@@ -117,7 +117,6 @@ private:
     QSet<QString> m_sharedKeys; // folded keys that Append gave to several entries
     QHash<int, QString> m_data; // Data written by a host
     QHash<int, QVariant> m_tags;
-    QHash<int, std::shared_ptr<zelComboRecord>> m_kept;
     std::vector<std::shared_ptr<zelComboRecord>> m_made;
     quint64 m_generation = 0;
     int m_removed = 0;

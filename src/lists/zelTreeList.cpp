@@ -230,6 +230,7 @@ void zelTreeList::SetColumns(const QString &v)
 
 void zelTreeList::applyColumns(const QString &spec)
 {
+    flush();
     zel::zelColumnParseIssues issues;
     QList<zel::zelColumnDesc> columns = zel::ParseColumns(spec, zel::zelColumnDialect::TreeList,
                                                           zel::platform().TwipsPerPixel(), &issues);
@@ -277,6 +278,7 @@ void zelTreeList::applyHeader()
 
 void zelTreeList::SetExpandLevel(qint32 v)
 {
+    flush();
     LetThen("ExpandLevel", m_expandLevel, v, [this] {
         static_cast<TreeView *>(m_extGrid)->DeferLayout();
         // Record by record, each on its row: a record's entry is its row.
@@ -308,43 +310,75 @@ zelComboRecordRef zelTreeList::AddItem(const QString &sParentKey, const QString 
                                        bool bEnabled, bool bExpandParent)
 {
     zelComboRecordRef result;
-    zel::Trail t(this, "AddItem");
+    // A literal name, and the step marker written out only when a step
+    // fails: a million adds compose neither.
+    zel::Trail t(QStringLiteral("zelTreeList.AddItem"));
+    const char *step = "Splitting";
     t.Run([&] {
-        t.Step = QStringLiteral("Splitting");
-        if (sData.isEmpty())
-            return;
-        if (m_model->ColumnCount() == 0)
-            applyColumns(QString());
-        if (sData.count(QLatin1Char('\t')) + 1 > m_model->ColumnCount() - 1)
-            return;
+        try {
+            if (sData.isEmpty())
+                return;
+            if (m_model->ColumnCount() == 0)
+                applyColumns(QString());
+            if (sData.count(QLatin1Char('\t')) + 1 > m_model->ColumnCount() - 1)
+                return;
 
-        t.Step = QStringLiteral("Adding Record");
-        const int entry = m_records->CreateEntry(sKey, sData, oTag, sParentKey);
-        if (!entry)
-            return;
-        zel::zelRecordStore &store = *m_records->Store();
-        const int parent = store.At(entry).parent;
-        store.At(entry).level = parent ? store.At(parent).level + 1 : 0;
-        result = zelComboRecordRef(m_records->Store(), entry);
+            step = "Adding Record";
+            const int entry = m_records->CreateEntry(sKey, sData, oTag, sParentKey);
+            if (!entry)
+                return;
+            zel::zelRecordStore &store = *m_records->Store();
+            const int parent = store.At(entry).parent;
+            store.At(entry).level = parent ? store.At(parent).level + 1 : 0;
+            result = zelComboRecordRef(m_records->Store(), entry);
 
-        t.Step = QStringLiteral("Adding Item");
-        // The parent row is found by the key as given, letter case and all.
-        const int parentRow = sParentKey.isEmpty() ? 0 : m_model->FindKey(sParentKey);
-        const int row = m_model->AddEntryRow(parentRow, entry, sText,
-                                             m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
-        if (row != entry)
-            throw zelError(zelError::InvalidProcedureCall, QString(),
-                           QStringLiteral("The tree refused the row"));
-        if (parentRow != 0)
-            m_model->SetExpanded(parentRow, bExpandParent);
-        t.Step = QStringLiteral("Finished");
+            step = "Adding Item";
+            // The parent row is found by the key as given, letter case and
+            // all: the parent record's own row when its key is the same.
+            const int parentRow = parent && store.At(parent).key == sParentKey ? parent : 0;
+            beginBatch();
+            const int row = m_model->AddEntryRow(
+                parentRow, entry, sText, m_images->ImageIndex(vImageKey), bEnabled, m_sorted);
+            if (row != entry)
+                throw zelError(zelError::InvalidProcedureCall, QString(),
+                               QStringLiteral("The tree refused the row"));
+            if (parentRow != 0)
+                m_model->SetExpanded(parentRow, bExpandParent);
+            step = "Finished";
+        } catch (...) {
+            t.Step = QString::fromLatin1(step);
+            throw;
+        }
     });
     m_selection->ItemAdded();
     return result;
 }
 
+void zelTreeList::beginBatch()
+{
+    // Rows of a fill reach the tree at once when the host returns to the
+    // event loop or asks for anything else, as one reset. Only while no row
+    // is selected and the tree shows nothing the reset could move.
+    if (m_batching || m_model->IsUpdating() || m_selection->LastRow() != 0 ||
+        (m_model->RowCount() > 0 && m_extGrid->isVisible()))
+        return;
+    m_batching = true;
+    m_model->BeginUpdate();
+    QMetaObject::invokeMethod(
+        this, [this] { flush(); }, Qt::QueuedConnection);
+}
+
+void zelTreeList::flush() const
+{
+    if (!m_batching)
+        return;
+    m_batching = false;
+    m_model->EndUpdate();
+}
+
 void zelTreeList::Clear()
 {
+    flush();
     zel::Trail t(this, "Clear");
     t.Run([&] {
         m_selection->Clear([this] {
@@ -358,6 +392,7 @@ void zelTreeList::Clear()
 
 bool zelTreeList::SelectItem(const QString &sKey)
 {
+    flush();
     bool found = false;
     zel::Trail t(this, "SelectItem");
     t.Run([&] { found = m_selection->SelectItem(sKey); });
@@ -366,12 +401,14 @@ bool zelTreeList::SelectItem(const QString &sKey)
 
 void zelTreeList::extGrid_SelectionChanged()
 {
+    flush();
     zel::Trail t(this, "cboValue_SelectionChanged");
     t.Run([&] { m_selection->SelectionChanged(); });
 }
 
 bool zelTreeList::ExpandItem(const QString &sKey, bool bExpanded)
 {
+    flush();
     bool found = false;
     zel::Trail t(this, "ExpandItem");
     t.Run([&] {
@@ -385,6 +422,7 @@ bool zelTreeList::ExpandItem(const QString &sKey, bool bExpanded)
 
 bool zelTreeList::PaintHeaderCells(qint32 lRow, qint32 lStartCol, qint32 lEndCol)
 {
+    flush();
     bool painted = false;
     zel::Trail t(this, "PaintHeaderCells");
     t.Run([&] {
@@ -419,6 +457,7 @@ void zelTreeList::ReplaceImage(const QString &sKey, const QVariant &lHandle)
 
 bool zelTreeList::UpdateImage(const QString &sKey, const QVariant &vImageKey)
 {
+    flush();
     bool found = false;
     zel::Trail t(this, "UpdateImage");
     t.Run([&] {

@@ -140,10 +140,12 @@ public:
     // The tree and its rows, for hosts that style them and for tests.
     QTreeView *Tree() const
     {
+        flush();
         return m_extGrid;
     }
     zelRecordModel *Model() const
     {
+        flush();
         return m_model;
     }
     const zel::zelImageList &Images() const
@@ -178,6 +180,11 @@ private:
     void applyEnabled();
     bool columnsLive() const;
     void extGrid_SelectionChanged();
+    // A fill's rows are shown in one go: AddItem opens a batch of the
+    // model's, which ends when the event loop next runs or any other
+    // member needs the tree.
+    void beginBatch();
+    void flush() const;
 
     QTreeView *m_extGrid = nullptr;
     zelRecordModel *m_model = nullptr;
@@ -191,6 +198,7 @@ private:
     bool m_sorted = false;
     bool m_headerVisible = true;
     bool m_loading = false;
+    mutable bool m_batching = false;
     // Set while the tree shows what the model asks, so it is not sent back.
     bool m_syncing = false;
 };
