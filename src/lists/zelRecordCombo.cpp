@@ -89,6 +89,7 @@ std::vector<zel::zelPropertyDecl> zelRecordCombo::RecordComboEntries(
 
 QTreeView *zelRecordCombo::DropDownView() const
 {
+    flush();
     return m_popup->View();
 }
 
@@ -230,6 +231,7 @@ zelComboRecordRef zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sPa
         const int parent = m_records->Store()->At(entry).parent;
         step = "Adding Item: ";
         rowsBefore = m_model->RowCount();
+        beginBatch();
         const int handle =
             m_model->AddEntryRow(parent, entry, sText, imageIndex, bEnabled, m_sorted);
         rowsBefore = -1;
@@ -240,7 +242,7 @@ zelComboRecordRef zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sPa
         }
         step = "Finished";
         m_dropDownHeight = mMain::MinHeightList(
-            m_model->RowCount(), !DropDownView()->isHeaderHidden(), m_listWidth.MinWidth != 0);
+            m_model->RowCount(), !m_popup->View()->isHeaderHidden(), m_listWidth.MinWidth != 0);
         return zelComboRecordRef(m_records->Store(), entry);
     } catch (...) {
         t.Step =
@@ -251,6 +253,7 @@ zelComboRecordRef zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sPa
 
 void zelRecordCombo::Clear()
 {
+    flush();
     zel::Trail t(this, "Clear");
     t.Run([&] {
         m_selection.Clear([&] {
@@ -266,6 +269,7 @@ void zelRecordCombo::Clear()
 
 bool zelRecordCombo::SelectItem(const QString &sKey)
 {
+    flush();
     zel::Trail t(this, "SelectItem");
     bool found = false;
     t.Run([&] { found = m_selection.SelectItem(sKey); });
@@ -280,6 +284,26 @@ void zelRecordCombo::BeginUpdate()
 void zelRecordCombo::EndUpdate()
 {
     // An unmatched EndUpdate must not end a bracket opened elsewhere.
+    if (m_model->IsUpdating())
+        m_model->EndUpdate();
+    flush();
+}
+
+void zelRecordCombo::beginBatch()
+{
+    if (m_batching || m_model->IsUpdating() || m_popup->isVisible())
+        return;
+    m_batching = true;
+    m_model->BeginUpdate();
+    QMetaObject::invokeMethod(
+        this, [this] { flush(); }, Qt::QueuedConnection);
+}
+
+void zelRecordCombo::flush() const
+{
+    if (!m_batching)
+        return;
+    m_batching = false;
     if (m_model->IsUpdating())
         m_model->EndUpdate();
 }
@@ -389,6 +413,7 @@ bool zelRecordCombo::closedKey(QKeyEvent *event)
 
 void zelRecordCombo::ShowDropDown()
 {
+    flush();
     if (m_readOnly || !m_cboValue->isEnabled())
         return;
     const int width = qMax(m_cboValue->width(), m_listWidth.MinWidth);

@@ -99,7 +99,11 @@ public:
     qint32 DropDownHeight() const { return m_dropDownHeight; }
     qint32 ListMinWidth() const { return m_listWidth.MinWidth; }
     bool ColumnsAutoFit() const { return m_listWidth.AutoFit; }
-    const zelRecordModel &Model() const { return *m_model; }
+    const zelRecordModel &Model() const
+    {
+        flush();
+        return *m_model;
+    }
     // The tree view of the drop-down, shown or not.
     QTreeView *DropDownView() const;
     void ShowDropDown();
@@ -149,6 +153,11 @@ private:
     // The row the user or SelectItem chose (0: none); the selection rules
     // hear of it when it changes.
     void choose(int handle);
+    // While the drop-down is closed, a fill's rows reach it in one go:
+    // AddItem opens a batch of the model's, which ends when the event loop
+    // next runs or any other member needs the drop-down.
+    void beginBatch();
+    void flush() const;
     // A key in the closed combo box; true when it was taken.
     bool closedKey(QKeyEvent *event);
     // The next enabled row in the drop-down's order, step rows on.
@@ -168,4 +177,5 @@ private:
     bool m_enabled = false;
     bool m_readOnly = false;
     bool m_sorted = false;
+    mutable bool m_batching = false;
 };

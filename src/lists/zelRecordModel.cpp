@@ -10,9 +10,29 @@
 
 namespace {
 
+// As a.compare(b, Qt::CaseInsensitive) < 0, which folds every character
+// through the Unicode tables: ASCII, which most captions are, is folded here,
+// and the first other difference goes to the tables.
 bool lessCaption(QStringView a, QStringView b)
 {
-    return a.compare(b, Qt::CaseInsensitive) < 0;
+    const qsizetype n = std::min(a.size(), b.size());
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t x = a[i].unicode();
+        const char16_t y = b[i].unicode();
+        if (x == y)
+            continue;
+        if (x < 128 && y < 128) {
+            const char16_t fx = (x >= 'A' && x <= 'Z') ? x + 32 : x;
+            const char16_t fy = (y >= 'A' && y <= 'Z') ? y + 32 : y;
+            if (fx != fy)
+                return fx < fy;
+            continue;
+        }
+        // A surrogate pair is folded whole.
+        const qsizetype from = i > 0 && QChar::isHighSurrogate(a[i - 1].unicode()) ? i - 1 : i;
+        return a.mid(from).compare(b.mid(from), Qt::CaseInsensitive) < 0;
+    }
+    return a.size() < b.size();
 }
 
 Qt::Alignment alignmentOf(int a)
@@ -114,10 +134,25 @@ void zelRecordModel::sortKids(Kids &k, size_t upTo) const
                 *at = h;
             }
         } else {
+            // The captions copied side by side: a sort reads each many
+            // times, and from one buffer it reads them from the cache.
+            size_t chars = 0;
+            for (size_t i = 0; i < upTo; ++i)
+                chars += size_t(sortText(hs[i]).size());
+            std::u16string captions;
+            captions.reserve(chars);
+            for (size_t i = 0; i < upTo; ++i) {
+                const QStringView t = sortText(hs[i]);
+                captions.append(reinterpret_cast<const char16_t *>(t.utf16()), size_t(t.size()));
+            }
             std::vector<std::pair<QStringView, int>> keyed;
             keyed.reserve(upTo);
-            for (size_t i = 0; i < upTo; ++i)
-                keyed.emplace_back(sortText(hs[i]), hs[i]);
+            size_t at = 0;
+            for (size_t i = 0; i < upTo; ++i) {
+                const qsizetype len = sortText(hs[i]).size();
+                keyed.emplace_back(QStringView(captions.data() + at, len), hs[i]);
+                at += size_t(len);
+            }
             const auto byText = [](const auto &a, const auto &b) {
                 return lessCaption(a.first, b.first);
             };

@@ -109,7 +109,7 @@ int zelRecordStore::Append(const QString &key, const QString &texts)
 
 int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTaken)
 {
-    if (m_entries.size() >= size_t(std::numeric_limits<int>::max() / 2))
+    if (m_count >= std::numeric_limits<int>::max() / 2)
         return 0;
     grow();
     // One probe: it finds the key when it is taken, or the free slot.
@@ -126,12 +126,14 @@ int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTak
     // Records without a key are not found by it, so none takes it.
     if (taken && refuseTaken && !key.isEmpty())
         return 0;
-    Entry &e = m_entries.emplace_back();
+    if ((size_t(m_count) & BlockMask) == 0)
+        m_blocks.push_back(std::make_unique<Entry[]>(BlockMask + 1));
+    const int n = ++m_count;
+    Entry &e = At(n);
     e.key = key;
     e.texts = texts;
     const qsizetype tab = texts.indexOf(QLatin1Char('\t'));
     e.captionLen = qint32(tab < 0 ? texts.size() : tab);
-    const int n = Count();
     if (taken)
         m_sharedKeys.insert(key.toCaseFolded());
     else
@@ -220,8 +222,9 @@ void zelRecordStore::Clear()
     // The objects may be the last holders of their parents: they go after
     // every object has its own copy.
     const auto made = std::move(m_made);
-    m_entries.clear();
-    m_entries.shrink_to_fit();
+    m_blocks.clear();
+    m_blocks.shrink_to_fit();
+    m_count = 0;
     m_slots.clear();
     m_slots.shrink_to_fit();
     m_sharedKeys.clear();

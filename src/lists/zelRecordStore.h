@@ -2,9 +2,9 @@
 
 // The one place where the records of a list and the rows that show them
 // live: one entry per record, in insertion order (an entry's number, 1 and
-// up, is the record's position and the row's handle), side by side in one
-// array. A million rows cost a million entries and no other allocation
-// beyond the array's growth; the texts are shares of the host's strings.
+// up, is the record's position and the row's handle), side by side in
+// blocks of a thousand. A million rows cost a million entries and no other
+// allocation than the blocks; the texts are shares of the host's strings.
 //
 // A zelComboRecord object is made only when someone asks for one (Object);
 // the store then holds it, as a collection of objects would, so that a
@@ -65,9 +65,12 @@ public:
     // Objects still held elsewhere take their data along.
     ~zelRecordStore();
 
-    int Count() const { return int(m_entries.size()); }
-    Entry &At(int n) { return m_entries[size_t(n - 1)]; }
-    const Entry &At(int n) const { return m_entries[size_t(n - 1)]; }
+    int Count() const { return m_count; }
+    Entry &At(int n) { return m_blocks[size_t(n - 1) >> BlockBits][size_t(n - 1) & BlockMask]; }
+    const Entry &At(int n) const
+    {
+        return m_blocks[size_t(n - 1) >> BlockBits][size_t(n - 1) & BlockMask];
+    }
     // Records (entries not removed) and the n-th of them (1-based; 0: none).
     int RecordCount() const { return Count() - m_removed; }
     int RecordAt(qint64 position) const;
@@ -112,7 +115,12 @@ private:
     void unindex(int n);
     void detachObjects();
 
-    std::vector<Entry> m_entries;
+    // Blocks of entries, filled in turn: the store grows without moving
+    // what it holds, and an entry's address stays until Clear.
+    static constexpr size_t BlockBits = 10;
+    static constexpr size_t BlockMask = (size_t(1) << BlockBits) - 1;
+    std::vector<std::unique_ptr<Entry[]>> m_blocks;
+    int m_count = 0;
     std::vector<Slot> m_slots;  // open addressing, at most half full
     QSet<QString> m_sharedKeys; // folded keys that Append gave to several entries
     QHash<int, QString> m_data; // Data written by a host
