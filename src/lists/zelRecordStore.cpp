@@ -35,11 +35,61 @@ int zelRecordStore::RecordAt(qint64 position) const
 int zelRecordStore::Find(const QString &key) const
 {
     // A record added without a key has none to be found by.
-    return key.isEmpty() ? 0 : lookup(key);
+    if (key.isEmpty())
+        return 0;
+    if (m_lastFound && key == m_lastKey)
+        return m_lastFound;
+    const int n = lookup(key);
+    if (n) {
+        m_lastKey = key;
+        m_lastFound = n;
+    }
+    return n;
+}
+
+bool zelRecordStore::mayHave(quint32 hash) const
+{
+    if (m_filter.empty())
+        return true;
+    const quint64 bits = (quint64(1) << (hash & 63)) | (quint64(1) << ((hash >> 6) & 63));
+    return (m_filter[(hash >> 12) & (m_filter.size() - 1)] & bits) == bits;
+}
+
+void zelRecordStore::addToFilter(quint32 hash)
+{
+    if (m_filter.size() * 8 < size_t(m_count) && m_filter.size() < (size_t(1) << 20)) {
+        // Grown with the records, from the hashes the table holds.
+        catchUp();
+        m_filter.assign(std::max<size_t>(64, m_filter.size() * 2), 0);
+        for (const Slot &s : m_slots)
+            if (s.entry)
+                addToFilter(s.hash);
+    }
+    const quint64 bits = (quint64(1) << (hash & 63)) | (quint64(1) << ((hash >> 6) & 63));
+    m_filter[(hash >> 12) & (m_filter.size() - 1)] |= bits;
+}
+
+void zelRecordStore::catchUp() const
+{
+    const size_t mask = m_slots.size() - 1;
+    const size_t count = m_pending.size();
+    constexpr size_t Ahead = 8;
+    for (size_t k = 0; k < count; ++k) {
+        if (k + Ahead < count)
+            __builtin_prefetch(&m_slots[m_pending[k + Ahead].hash & mask], 1);
+        const Slot &p = m_pending[k];
+        size_t i = p.hash & mask;
+        while (m_slots[i].entry)
+            i = (i + 1) & mask;
+        m_slots[i] = p;
+    }
+    m_pending.clear();
 }
 
 int zelRecordStore::lookup(const QString &key) const
 {
+    if (!m_pending.empty())
+        catchUp();
     if (m_slots.empty())
         return 0;
     const quint32 h = hashOf(key);
@@ -62,6 +112,7 @@ void zelRecordStore::grow()
 {
     if ((m_slots.size() >> 1) > size_t(RecordCount()))
         return;
+    catchUp();
     std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
     old.swap(m_slots);
     const size_t mask = m_slots.size() - 1;
@@ -77,6 +128,7 @@ void zelRecordStore::grow()
 
 void zelRecordStore::unindex(int n)
 {
+    catchUp();
     if (m_slots.empty())
         return;
     const size_t mask = m_slots.size() - 1;
@@ -112,12 +164,15 @@ int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTak
     if (m_count >= std::numeric_limits<int>::max() / 2)
         return 0;
     grow();
-    // One probe: it finds the key when it is taken, or the free slot.
     const quint32 h = hashOf(key);
+    // A key the filter has not seen is new: its slot can wait.
+    const bool known = mayHave(h);
+    if (known && !m_pending.empty())
+        catchUp();
     const size_t mask = m_slots.size() - 1;
     size_t i = h & mask;
     bool taken = false;
-    for (; m_slots[i].entry != 0; i = (i + 1) & mask) {
+    for (; known && m_slots[i].entry != 0; i = (i + 1) & mask) {
         if (m_slots[i].hash == h && detail::CaseInsensitiveEqual()(At(m_slots[i].entry).key, key)) {
             taken = true;
             break;
@@ -134,10 +189,18 @@ int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTak
     e.texts = texts;
     const qsizetype tab = texts.indexOf(QLatin1Char('\t'));
     e.captionLen = qint32(tab < 0 ? texts.size() : tab);
-    if (taken)
+    if (taken) {
         m_sharedKeys.insert(key.toCaseFolded());
-    else
+        return n;
+    }
+    if (known) {
         m_slots[i] = Slot{h, n};
+    } else {
+        m_pending.push_back(Slot{h, n});
+        if (m_pending.size() >= 4096)
+            catchUp();
+    }
+    addToFilter(h);
     return n;
 }
 
@@ -203,6 +266,8 @@ void zelRecordStore::Remove(int n)
     if (e.object && m_made[size_t(e.object - 1)]->m_store == this)
         m_made[size_t(e.object - 1)]->detach();
     unindex(n);
+    if (m_lastFound == n)
+        m_lastFound = 0;
     e.removed = true;
     e.object = 0;
     ++m_removed;
@@ -227,6 +292,11 @@ void zelRecordStore::Clear()
     m_count = 0;
     m_slots.clear();
     m_slots.shrink_to_fit();
+    m_pending.clear();
+    m_filter.clear();
+    m_filter.shrink_to_fit();
+    m_lastFound = 0;
+    m_lastKey.clear();
     m_sharedKeys.clear();
     m_data.clear();
     m_tags.clear();

@@ -110,6 +110,11 @@ private:
         qint32 entry = 0; // 0: empty
     };
     int lookup(const QString &key) const;
+    // Whether key may be in the index: false for most keys that are not.
+    bool mayHave(quint32 hash) const;
+    void addToFilter(quint32 hash);
+    // Puts the keys added since into the table, in one pass.
+    void catchUp() const;
     int add(const QString &key, const QString &texts, bool refuseTaken);
     void grow();
     void unindex(int n);
@@ -121,7 +126,16 @@ private:
     static constexpr size_t BlockMask = (size_t(1) << BlockBits) - 1;
     std::vector<std::unique_ptr<Entry[]>> m_blocks;
     int m_count = 0;
-    std::vector<Slot> m_slots;  // open addressing, at most half full
+    // Key table: open addressing, at most half full. A key the filter has
+    // never seen cannot be taken, so its slot is left to find later
+    // (m_pending) with others, in one pass that overlaps their cache misses.
+    mutable std::vector<Slot> m_slots;
+    mutable std::vector<Slot> m_pending;
+    std::vector<quint64> m_filter; // two bits of one word per key, about 8 bits per key
+    // The key found last, as given: a tree's rows name the same parent
+    // one after another.
+    mutable QString m_lastKey;
+    mutable int m_lastFound = 0;
     QSet<QString> m_sharedKeys; // folded keys that Append gave to several entries
     QHash<int, QString> m_data; // Data written by a host
     QHash<int, QVariant> m_tags;
