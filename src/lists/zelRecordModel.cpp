@@ -62,6 +62,7 @@ void zelRecordModel::SetStore(std::shared_ptr<zel::zelRecordStore> store)
     beginResetModel();
     m_store = std::move(store);
     m_rowCount = 0;
+    m_expandedRows = 0;
     m_root = Kids();
     m_treeTexts.clear();
     m_paint.clear();
@@ -153,6 +154,22 @@ void zelRecordModel::sortKids(Kids &k, size_t upTo) const
                 keyed.emplace_back(QStringView(captions.data() + at, len), hs[i]);
                 at += size_t(len);
             }
+            // Where every caption begins alike ("Layer 1", "Layer 2"), each
+            // comparison starts behind that; a pair of surrogates stays whole.
+            qsizetype common = keyed.empty() ? 0 : keyed[0].first.size();
+            for (size_t i = 1; i < keyed.size() && common > 0; ++i) {
+                const QStringView a = keyed[0].first;
+                const QStringView b = keyed[i].first;
+                const qsizetype m = std::min(common, b.size());
+                qsizetype j = 0;
+                while (j < m && a[j] == b[j])
+                    ++j;
+                common = j;
+            }
+            if (common > 0 && keyed[0].first[common - 1].isHighSurrogate())
+                --common;
+            for (auto &k : keyed)
+                k.first = k.first.mid(common);
             const auto byText = [](const auto &a, const auto &b) {
                 return lessCaption(a.first, b.first);
             };
@@ -211,6 +228,10 @@ QStringView zelRecordModel::sortText(int handle) const
         const auto it = m_treeTexts.constFind(handle);
         if (it != m_treeTexts.constEnd())
             return *it;
+    }
+    if (r.captionLen < 0) {
+        const qsizetype tab = r.texts.indexOf(QLatin1Char('\t'));
+        r.captionLen = qint32(tab < 0 ? r.texts.size() : tab);
     }
     return QStringView(r.texts).left(r.captionLen);
 }
@@ -339,6 +360,7 @@ void zelRecordModel::Clear()
     touch();
     m_store->Clear();
     m_rowCount = 0;
+    m_expandedRows = 0;
     m_root = Kids();
     m_treeTexts.clear();
     m_paint.clear();
@@ -368,6 +390,8 @@ void zelRecordModel::EndUpdate()
 
 void zelRecordModel::emitExpansions()
 {
+    if (m_expandedRows == 0)
+        return;
     for (int h = 1; h <= m_rowCount; ++h)
         if (row(h).expanded)
             emit ExpandRequested(IndexOf(h), true);
@@ -469,6 +493,8 @@ void zelRecordModel::SetExpanded(int handle, bool expanded)
 {
     if (!IsRow(handle))
         return;
+    if (row(handle).expanded != expanded)
+        m_expandedRows += expanded ? 1 : -1;
     row(handle).expanded = expanded;
     if (m_updating == 0)
         emit ExpandRequested(IndexOf(handle), expanded);

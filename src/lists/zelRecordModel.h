@@ -163,6 +163,7 @@ private:
     int m_treeColumn = 0;
     std::shared_ptr<zel::zelRecordStore> m_store;
     int m_rowCount = 0;
+    int m_expandedRows = 0; // emitExpansions has nothing to do without them
     mutable Kids m_root;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;

@@ -187,8 +187,6 @@ int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTak
     Entry &e = At(n);
     e.key = key;
     e.texts = texts;
-    const qsizetype tab = texts.indexOf(QLatin1Char('\t'));
-    e.captionLen = qint32(tab < 0 ? texts.size() : tab);
     if (taken) {
         m_sharedKeys.insert(key.toCaseFolded());
         return n;

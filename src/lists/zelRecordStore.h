@@ -51,8 +51,8 @@ public:
         qint32 rowParent = 0; // the row it is shown under; 0: the top
         qint32 level = 0;
         qint32 image = 0;
-        mutable qint32 pos = 0; // position under rowParent, checked before use
-        qint32 captionLen = 0;  // length of the first text, the sort key
+        mutable qint32 pos = 0;         // position under rowParent, checked before use
+        mutable qint32 captionLen = -1; // length of the first text, the sort key; -1: not known yet
         bool enabled = true;
         bool expanded = false;
         bool treeText = false; // the model holds a tree text for the row
