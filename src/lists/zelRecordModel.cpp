@@ -63,6 +63,8 @@ void zelRecordModel::SetStore(std::shared_ptr<zel::zelRecordStore> store)
     m_store = std::move(store);
     m_rowCount = 0;
     m_expandedRows = 0;
+    m_disabledRows = 0;
+    m_parentRows = 0;
     m_root = Kids();
     m_treeTexts.clear();
     m_paint.clear();
@@ -114,6 +116,9 @@ zelRecordModel::Kids *zelRecordModel::kidsOf(int parentHandle) const
 {
     if (parentHandle == 0)
         return &m_root;
+    // A flat list's rows have none, and a view asks each of them.
+    if (m_parentRows == 0)
+        return nullptr;
     return IsRow(parentHandle) ? row(parentHandle).kids.get() : nullptr;
 }
 
@@ -289,6 +294,7 @@ int zelRecordModel::AddEntryRow(int parentHandle, int entry, const QString &tree
     r.rowParent = parentHandle;
     r.image = imageIndex;
     r.enabled = enabled;
+    m_disabledRows += enabled ? 0 : 1;
     if (!treeText.isEmpty()) {
         m_treeTexts.insert(h, treeText);
         r.treeText = true;
@@ -298,6 +304,7 @@ int zelRecordModel::AddEntryRow(int parentHandle, int entry, const QString &tree
     Kids *k = kidsOf(parentHandle);
     if (!k) {
         row(parentHandle).kids = std::make_unique<Kids>();
+        ++m_parentRows;
         k = row(parentHandle).kids.get();
     }
     auto &hs = k->handles;
@@ -361,6 +368,8 @@ void zelRecordModel::Clear()
     m_store->Clear();
     m_rowCount = 0;
     m_expandedRows = 0;
+    m_disabledRows = 0;
+    m_parentRows = 0;
     m_root = Kids();
     m_treeTexts.clear();
     m_paint.clear();
@@ -480,6 +489,7 @@ void zelRecordModel::SetEnabled(int handle, bool enabled)
 {
     if (!IsRow(handle) || row(handle).enabled == enabled)
         return;
+    m_disabledRows += enabled ? -1 : 1;
     row(handle).enabled = enabled;
     rowChanged(handle);
 }
@@ -600,7 +610,9 @@ QVariant zelRecordModel::headerData(int section, Qt::Orientation orientation, in
 Qt::ItemFlags zelRecordModel::flags(const QModelIndex &index) const
 {
     const int h = HandleOf(index);
-    if (!h || !row(h).enabled)
+    // A view lays out by asking every row: without disabled rows it need
+    // not visit the rows' entries.
+    if (!h || (m_disabledRows > 0 && !row(h).enabled))
         return Qt::NoItemFlags;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 }

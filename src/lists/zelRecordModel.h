@@ -164,6 +164,8 @@ private:
     std::shared_ptr<zel::zelRecordStore> m_store;
     int m_rowCount = 0;
     int m_expandedRows = 0; // emitExpansions has nothing to do without them
+    int m_disabledRows = 0;
+    int m_parentRows = 0; // rows that have rows under them
     mutable Kids m_root;
     QHash<int, QString> m_treeTexts;
     QHash<quint64, CellPaint> m_paint;
