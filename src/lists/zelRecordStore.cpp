@@ -17,6 +17,18 @@ quint32 hashOf(const QString &key)
 zelRecordStore::~zelRecordStore()
 {
     detachObjects();
+    releaseEntries();
+}
+
+void zelRecordStore::releaseEntries()
+{
+    for (int n = 1; n <= m_count; ++n)
+        At(n).~Entry();
+    for (Entry *block : m_blocks)
+        ::operator delete(block);
+    m_blocks.clear();
+    m_blocks.shrink_to_fit();
+    m_count = 0;
 }
 
 int zelRecordStore::RecordAt(qint64 position) const
@@ -115,15 +127,11 @@ void zelRecordStore::grow()
     catchUp();
     std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
     old.swap(m_slots);
-    const size_t mask = m_slots.size() - 1;
-    for (const Slot &s : old) {
-        if (!s.entry)
-            continue;
-        size_t i = s.hash & mask;
-        while (m_slots[i].entry)
-            i = (i + 1) & mask;
-        m_slots[i] = s;
-    }
+    // Every key goes in again, in one pass that overlaps their misses.
+    for (const Slot &s : old)
+        if (s.entry)
+            m_pending.push_back(s);
+    catchUp();
 }
 
 void zelRecordStore::unindex(int n)
@@ -181,12 +189,12 @@ int zelRecordStore::add(const QString &key, const QString &texts, bool refuseTak
     // Records without a key are not found by it, so none takes it.
     if (taken && refuseTaken && !key.isEmpty())
         return 0;
-    if ((size_t(m_count) & BlockMask) == 0)
-        m_blocks.push_back(std::make_unique<Entry[]>(BlockMask + 1));
+    if ((size_t(m_count) & BlockMask) == 0) {
+        m_blocks.reserve(m_blocks.size() + 1);
+        m_blocks.push_back(static_cast<Entry *>(::operator new(sizeof(Entry) * (BlockMask + 1))));
+    }
+    new (&m_blocks.back()[size_t(m_count) & BlockMask]) Entry(key, texts);
     const int n = ++m_count;
-    Entry &e = At(n);
-    e.key = key;
-    e.texts = texts;
     if (taken) {
         m_sharedKeys.insert(key.toCaseFolded());
         return n;
@@ -285,9 +293,7 @@ void zelRecordStore::Clear()
     // The objects may be the last holders of their parents: they go after
     // every object has its own copy.
     const auto made = std::move(m_made);
-    m_blocks.clear();
-    m_blocks.shrink_to_fit();
-    m_count = 0;
+    releaseEntries();
     m_slots.clear();
     m_slots.shrink_to_fit();
     m_pending.clear();

@@ -43,6 +43,7 @@ public:
     };
     struct Entry
     {
+        Entry(const QString &k, const QString &t) : key(k), texts(t) {}
         QString key;
         QString texts; // the row's tab-joined texts as added; also Data until written
         std::unique_ptr<Kids> kids;
@@ -119,12 +120,14 @@ private:
     void grow();
     void unindex(int n);
     void detachObjects();
+    void releaseEntries();
 
     // Blocks of entries, filled in turn: the store grows without moving
     // what it holds, and an entry's address stays until Clear.
     static constexpr size_t BlockBits = 10;
     static constexpr size_t BlockMask = (size_t(1) << BlockBits) - 1;
-    std::vector<std::unique_ptr<Entry[]>> m_blocks;
+    // Raw storage: an entry is built in place when it is added.
+    std::vector<Entry *> m_blocks;
     int m_count = 0;
     // Key table: open addressing, at most half full. A key the filter has
     // never seen cannot be taken, so its slot is left to find later
