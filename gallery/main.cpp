@@ -2,11 +2,13 @@
 // switch for the debug message boxes, and Save/Load of each page's form.
 //
 //   zelGallery                 shows the window
-//   zelGallery --screenshot D  writes one PNG per page into D and exits
+//   zelGallery --screenshot D  writes one PNG per page into D, and one more
+//                              per combo with its drop-down open, and exits
 
 #include "zelGallery.h"
 
 #include "core/mLog.h"
+#include "lists/zelRecordCombo.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -16,6 +18,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStandardPaths>
 #include <QTabWidget>
@@ -128,6 +131,26 @@ int main(int argc, char **argv)
                 return 1;
             }
             std::printf("%s\n", qPrintable(file));
+            // A drop-down is a window of its own: the screen holds both.
+            for (zelRecordCombo *combo : tabs->currentWidget()->findChildren<zelRecordCombo *>()) {
+                combo->ShowDropDown();
+                QApplication::processEvents();
+                const QString open = QString(file).replace(QStringLiteral(".png"),
+                                                           QLatin1Char('-') + combo->objectName() +
+                                                               QStringLiteral("-open.png"));
+                const QRect area = window.frameGeometry();
+                const bool saved =
+                    window.screen()
+                        ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                        .save(open);
+                combo->HideDropDown();
+                QApplication::processEvents();
+                if (!saved) {
+                    std::fprintf(stderr, "cannot write %s\n", qPrintable(open));
+                    return 1;
+                }
+                std::printf("%s\n", qPrintable(open));
+            }
         }
         return 0;
     }
