@@ -215,6 +215,7 @@ zelComboRecordRef zelRecordCombo::AddRecordRow(zel::Trail &t, const QString &sPa
     const char *step = "Splitting";
     int rowsBefore = -1;
     try {
+        m_records->Store()->Expect(sKey);
         if (m_model->ColumnCount() == 0)
             applyColumns(QString());
         // The texts are sData and one tab split at tabs: one more than the

@@ -157,6 +157,14 @@ void zelRecordStore::unindex(int n)
     }
 }
 
+void zelRecordStore::Expect(const QString &key) const
+{
+    if (m_filter.empty())
+        return;
+    const quint32 h = hashOf(key);
+    __builtin_prefetch(&m_filter[(h >> 12) & (m_filter.size() - 1)]);
+}
+
 int zelRecordStore::Create(const QString &key, const QString &texts)
 {
     return add(key, texts, true);

@@ -85,6 +85,9 @@ public:
     int FindExact(const QString &key) const;
     // A new entry, or 0 when the key is taken in any letter case.
     int Create(const QString &key, const QString &texts);
+    // Starts reading what a Create of key will read, so that the reading
+    // overlaps the caller's own work before it.
+    void Expect(const QString &key) const;
     // A new entry whatever its key: keys that several entries share are
     // told apart by a walk (FindExact answers -1 for them).
     int Append(const QString &key, const QString &texts);

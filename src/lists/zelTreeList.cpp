@@ -318,6 +318,7 @@ zelComboRecordRef zelTreeList::AddItem(const QString &sParentKey, const QString 
         try {
             if (sData.isEmpty())
                 return;
+            m_records->Store()->Expect(sKey);
             if (m_model->ColumnCount() == 0)
                 applyColumns(QString());
             if (sData.count(QLatin1Char('\t')) + 1 > m_model->ColumnCount() - 1)
