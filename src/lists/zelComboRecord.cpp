@@ -64,3 +64,17 @@ void zelComboRecord::SetParentObject(QObject *o)
         SetParent(std::move(p));
     });
 }
+
+zelComboRecord &zel::detail::StaleRecord()
+{
+    zel::Trail t(QStringLiteral("zelComboRecordRef.Use"));
+    t.Run([] {
+        throw zelError(zelError::ObjectRequired, QStringLiteral("zelComboRecordRef.Use"),
+                       QStringLiteral("The record's list was cleared before the record was "
+                                      "used; keep a std::shared_ptr to hold a record"));
+    });
+    // Never freed: a host may hold the reference it was given for as long
+    // as it runs.
+    static zelComboRecord *const empty = new zelComboRecord;
+    return *empty;
+}

@@ -74,6 +74,10 @@ private:
 };
 
 namespace zel::detail {
+// What a record reference reaches when its rows went before it was used:
+// logged (error 424) and empty.
+ZELCTRL_EXPORT zelComboRecord &StaleRecord();
+
 // Key and Level are the library's to set: Key once when the record is
 // created, Level by the tree list.
 struct ComboRecordAccess

@@ -3,8 +3,10 @@
 // What AddItem of the record lists answers in C++: the record just added,
 // without making its object until someone uses it (->, *, or taking it as
 // a std::shared_ptr<zelComboRecord>). Null for a refused add. A Ref names a
-// row of its list; keep the std::shared_ptr to hold the record past a Clear
-// (a Ref used after a Clear answers nothing).
+// row of its list; keep the std::shared_ptr to hold the record past a Clear.
+// A Ref first used after a Clear has no record to make: get() answers
+// nothing, and -> or * log error 424 and reach an empty record instead of
+// crashing the host.
 
 #include "lists/zelComboRecord.h"
 #include "lists/zelRecordStore.h"
@@ -37,8 +39,12 @@ public:
         return m_object;
     }
     operator std::shared_ptr<zelComboRecord>() const { return get(); }
-    zelComboRecord *operator->() const { return get().get(); }
-    zelComboRecord &operator*() const { return *get(); }
+    zelComboRecord *operator->() const { return &**this; }
+    zelComboRecord &operator*() const
+    {
+        const auto &object = get();
+        return object ? *object : zel::detail::StaleRecord();
+    }
 
 private:
     std::weak_ptr<zel::zelRecordStore> m_store;

@@ -246,6 +246,7 @@ private slots:
     // holds lives on. A change of the same count keeps the rows.
     void clearLeavesRecordsTheHostHolds()
     {
+        zelTestScope scope;
         auto t = farms();
         t->SelectItem(u"Z3"_s);
         const auto kept = t->SelectedRecord();
@@ -256,8 +257,15 @@ private slots:
         QCOMPARE(t->Model()->RowCount() + t->Records()->Count() + changed.count(), 0);
         QVERIFY(!t->SelectedRecord());
         QCOMPARE(kept->Parent()->Parent()->Key(), u"F1"_s);
-        QVERIFY(t->AddItem(QString(), u"Z3"_s, u"again"_s));
+        // A reference never used before the next Clear reaches no record:
+        // logged, and no crash.
+        const auto unused = t->AddItem(QString(), u"Z3"_s, u"again"_s);
+        QVERIFY(unused);
         t->SetColumns(u"Farm"_s);
+        const int before = zelLoggedErrors();
+        QCOMPARE(unused->Key(), QString());
+        QVERIFY(!unused.get());
+        QCOMPARE(zelLoggedErrors(), before + 1);
         QCOMPARE(t->Model()->RowCount() + t->Records()->Count() + changed.count(), 0);
     }
 };
