@@ -78,11 +78,13 @@ std::vector<zel::zelPropertyDecl> zelRecordCombo::RecordComboEntries(
     for (const char *name : dropped)
         std::erase_if(entries,
                       [&](const zel::zelPropertyDecl &d) { return qstrcmp(d.Name, name) == 0; });
-    for (const auto &[after, own] : inserts) {
+    for (const auto &insert : inserts) {
+        const char *after = insert.first;
         auto it = std::find_if(entries.begin(), entries.end(), [&](const zel::zelPropertyDecl &d) {
             return qstrcmp(d.Name, after) == 0;
         });
-        entries.insert(it == entries.end() ? it : it + 1, own.begin(), own.end());
+        entries.insert(it == entries.end() ? it : it + 1, insert.second.begin(),
+                       insert.second.end());
     }
     return entries;
 }
