@@ -1,7 +1,7 @@
 #pragma once
 
 // A labelled, multi-column drop-down list of keyed records. The host
-// declares the columns with one specification (Columns), adds rows with
+// declares the columns with one column string (Columns), adds rows with
 // AddItem, selects one by key with SelectItem and hears of every change of
 // the selected row through Changed.
 //
@@ -58,7 +58,7 @@ public:
 #endif
 
     // A newly placed combo: the properties' defaults, one "Default" column
-    // from the specification "~", and Enabled left as it is (false).
+    // from the column string "~", and Enabled left as it is (false).
     Q_INVOKABLE void InitProperties() override;
     const zel::zelPropertyTable &Properties() const override;
 

@@ -3,7 +3,7 @@
 #include "core/mMain.h"
 #include "core/zelKeys.h"
 #include "core/zelTrail.h"
-#include "lists/zelColumnSpec.h"
+#include "lists/zelColumnString.h"
 #include "lists/zelRecordCombo_p.h"
 #include "platform/zelPlatform.h"
 
@@ -158,11 +158,11 @@ void zelRecordCombo::SetColumns(const QString &v)
     });
 }
 
-void zelRecordCombo::applyColumns(const QString &spec)
+void zelRecordCombo::applyColumns(const QString &colText)
 {
     zel::zelColumnParseIssues issues;
     const QList<zel::zelColumnDesc> cols = zel::ParseColumns(
-        spec, zel::zelColumnDialect::Combo, zel::platform().TwipsPerPixel(), &issues);
+        colText, zel::zelColumnDialect::Combo, zel::platform().TwipsPerPixel(), &issues);
     m_model->SetColumns(cols);
     QTreeView *view = m_popup->View();
     QHeaderView *header = view->header();

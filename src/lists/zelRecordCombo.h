@@ -2,7 +2,7 @@
 
 // What the combo and the combo tree share: a labelled combo box (cboValue)
 // whose drop-down shows the records as a tree view over one row model, the
-// records themselves, the selection rules, the column specification, the
+// records themselves, the selection rules, the column string, the
 // list's least width and height, the Enabled and ReadOnly colours and Enter
 // as Tab.
 //
@@ -75,7 +75,7 @@ public:
     bool Sorted() const { return m_sorted; }
     void SetSorted(bool v);
     ZEL_LATE_BOUND(Sorted)
-    // The last specification set; setting one while rows exist clears them
+    // The last column string set; setting one while rows exist clears them
     // first, without a Changed event.
     QString Columns() const { return m_columns; }
     void SetColumns(const QString &v);
@@ -146,7 +146,7 @@ private:
     class Rows;
     friend class zelRecordPopup;
 
-    void applyColumns(const QString &spec);
+    void applyColumns(const QString &colText);
     void setMinWidthList();
     void applyReadOnly();
     void paintCombo(bool faceBackground, bool greyText);

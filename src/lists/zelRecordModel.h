@@ -19,7 +19,7 @@
 // update take O(n log n). Outside an update a sorted add moves the rows
 // after it, O(siblings), as much as an attached view spends on it anyway.
 
-#include "lists/zelColumnSpec.h"
+#include "lists/zelColumnString.h"
 #include "lists/zelComboRecord.h"
 #include "lists/zelRecordStore.h"
 #include "zelCtrlExport.h"
@@ -47,7 +47,7 @@ public:
     explicit zelRecordModel(QObject *parent = nullptr);
     ~zelRecordModel() override;
 
-    // Columns: captions and alignment from the specification. The view
+    // Columns: captions and alignment from the column string. The view
     // applies widths and visibility itself.
     void SetColumns(QList<zel::zelColumnDesc> columns);
     const QList<zel::zelColumnDesc> &Columns() const { return m_columns; }

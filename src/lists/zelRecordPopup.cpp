@@ -78,7 +78,7 @@ zelRecordPopup::zelRecordPopup(zelRecordCombo *owner, zelRecordModel *model, boo
     m_view->setItemsExpandable(tree);
     m_view->setExpandsOnDoubleClick(false);
     m_view->header()->setSectionsMovable(false);
-    // A column specification may ask for narrow columns.
+    // A column string may ask for narrow columns.
     m_view->header()->setMinimumSectionSize(1);
     if (!tree)
         m_view->setIndentation(0);

@@ -2,7 +2,7 @@
 
 #include "core/zelKeys.h"
 #include "core/zelTrail.h"
-#include "lists/zelColumnSpec.h"
+#include "lists/zelColumnString.h"
 #include "lists/zelImageList.h"
 #include "lists/zelRecordModel.h"
 #include "platform/zelObjectFactory.h"
@@ -107,7 +107,7 @@ zelTreeList::zelTreeList(QWidget *parent)
         m_extGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
         m_extGrid->setAllColumnsShowFocus(true);
         m_extGrid->header()->setStretchLastSection(false);
-        // A column is as narrow as its specification says, not the style's minimum.
+        // A column is as narrow as its column string says, not the style's minimum.
         m_extGrid->header()->setMinimumSectionSize(1);
         m_extGrid->installEventFilter(this);
         setFocusProxy(m_extGrid);
@@ -228,11 +228,11 @@ void zelTreeList::SetColumns(const QString &v)
     });
 }
 
-void zelTreeList::applyColumns(const QString &spec)
+void zelTreeList::applyColumns(const QString &colText)
 {
     flush();
     zel::zelColumnParseIssues issues;
-    QList<zel::zelColumnDesc> columns = zel::ParseColumns(spec, zel::zelColumnDialect::TreeList,
+    QList<zel::zelColumnDesc> columns = zel::ParseColumns(colText, zel::zelColumnDialect::TreeList,
                                                           zel::platform().TwipsPerPixel(), &issues);
     zel::zelColumnDesc hidden;
     hidden.caption = QStringLiteral("Hidden");

@@ -6,8 +6,8 @@
 // collapsed by key or by depth (ExpandLevel) and selected by key; every
 // change of the selected row raises Changed(bUserClick).
 //
-// Columns take the combo's specification with "_" hiding a column; the tree
-// always has one column more than the specification has entries, a hidden
+// Columns take the combo's column string with "_" hiding a column; the tree
+// always has one column more than the column string has entries, a hidden
 // last column "Hidden", so the data columns are all but the last.
 
 #include "core/zelProperties.h"
@@ -72,7 +72,7 @@ public:
     bool Sorted() const { return m_sorted; }
     void SetSorted(bool v);
     ZEL_LATE_BOUND(Sorted)
-    // The last column specification set; "" by default. It reaches the tree
+    // The last column string set; "" by default. It reaches the tree
     // only at run time and not while a form loads (the load applies it when
     // it has read every key). The columns are built anew (and the rows
     // cleared) only when the number of entries changes; otherwise each
@@ -175,7 +175,7 @@ protected:
 
 private:
     class Selection;
-    void applyColumns(const QString &spec);
+    void applyColumns(const QString &colText);
     void applyHeader();
     void applyEnabled();
     bool columnsLive() const;

@@ -58,7 +58,7 @@ private slots:
     void columnsAsShown_data()
     {
         zelColumns<QString, double, QStringList, Aligns, QList<int>, bool>(
-            {"spec", "twips", "captions", "aligns", "widths", "header"});
+            {"colText", "twips", "captions", "aligns", "widths", "header"});
         const int L = Qt::AlignLeft, R = Qt::AlignRight, C = Qt::AlignHCenter;
         zelRow("empty", QString(), 15.0, QStringList{"Default"}, Aligns{C}, QList<int>{0}, false);
         zelRow("left and right", QStringLiteral("<Name~120\t>Size~60"), 15.0,
@@ -70,13 +70,13 @@ private slots:
     }
     void columnsAsShown()
     {
-        const auto [spec, twips, captions, aligns, widths, header] =
+        const auto [colText, twips, captions, aligns, widths, header] =
             zelFetch<QString, double, QStringList, Aligns, QList<int>, bool>(
-                {"spec", "twips", "captions", "aligns", "widths", "header"});
+                {"colText", "twips", "captions", "aligns", "widths", "header"});
         zelTestScope scope;
         scope.fake().twipsPerPixel = twips;
         zelCombo combo;
-        combo.SetColumns(spec);
+        combo.SetColumns(colText);
         QTreeView *view = combo.DropDownView();
         QCOMPARE(view->model()->columnCount(), captions.size());
         QCOMPARE(!view->isHeaderHidden(), header);
@@ -109,19 +109,19 @@ private slots:
 
     void dropDownHeight_data()
     {
-        zelColumns<int, QString, int, int>({"rows", "spec", "width", "height"});
+        zelColumns<int, QString, int, int>({"rows", "colText", "width", "height"});
         zelRow("20 rows and a header", 20, QStringLiteral("A~50\tB~50"), 300, 194);
         zelRow("and a least width", 20, QStringLiteral("A~200\tB~200"), 100, 214);
         zelRow("3 rows, no header", 3, QStringLiteral("A~50"), 300, 52);
     }
     void dropDownHeight()
     {
-        const auto [rows, spec, width, height] =
-            zelFetch<int, QString, int, int>({"rows", "spec", "width", "height"});
+        const auto [rows, colText, width, height] =
+            zelFetch<int, QString, int, int>({"rows", "colText", "width", "height"});
         zelTestScope scope;
         zelCombo combo;
         combo.resize(width, 21);
-        combo.SetColumns(spec);
+        combo.SetColumns(colText);
         for (int i = 0; i < rows; ++i)
             combo.AddItem(QString::number(i), QStringLiteral("row"));
         QCOMPARE(combo.DropDownHeight(), height);
@@ -129,9 +129,9 @@ private slots:
 
     void addItemLimits_data()
     {
-        zelColumns<QString, QString, QString, bool>({"spec", "key", "data", "taken"});
-        auto row = [](const char *name, const QString &spec, const QString &key,
-                      const QString &data, bool taken) { zelRow(name, spec, key, data, taken); };
+        zelColumns<QString, QString, QString, bool>({"colText", "key", "data", "taken"});
+        auto row = [](const char *name, const QString &colText, const QString &key,
+                      const QString &data, bool taken) { zelRow(name, colText, key, data, taken); };
         row("more texts than columns", "A\tB", "b", "1\t2\t3", false);
         row("as many texts as columns", "A\tB", "b", "1\t2", true);
         row("fewer texts", "A\tB", "b", "1", true);
@@ -142,11 +142,11 @@ private slots:
     }
     void addItemLimits()
     {
-        const auto [spec, key, data, taken] =
-            zelFetch<QString, QString, QString, bool>({"spec", "key", "data", "taken"});
+        const auto [colText, key, data, taken] =
+            zelFetch<QString, QString, QString, bool>({"colText", "key", "data", "taken"});
         zelTestScope scope;
         zelCombo combo;
-        combo.SetColumns(spec);
+        combo.SetColumns(colText);
         QSignalSpy changed(&combo, &zelCombo::Changed);
         // By name, as a script adds: the record comes back as an object.
         QObject *first = zel::ObjectOf(zel::CallByName(&combo, "AddItem", {"a", "x"}));
@@ -309,18 +309,18 @@ private slots:
 
     void absurdColumns_data()
     {
-        zelColumns<QString, int, int>({"spec", "columns", "errors"});
+        zelColumns<QString, int, int>({"colText", "columns", "errors"});
         zelRow("10^4 tabs", QString(10000, QLatin1Char('\t')), int(zel::zelMaxColumns), 1);
         zelRow("width beyond 16 bits", QStringLiteral("A~99999\tB~20"), 2, 1);
     }
     void absurdColumns()
     {
-        const auto [spec, columns, errors] =
-            zelFetch<QString, int, int>({"spec", "columns", "errors"});
+        const auto [colText, columns, errors] =
+            zelFetch<QString, int, int>({"colText", "columns", "errors"});
         zelTestScope scope;
         zelCombo combo;
         combo.AddItem(QStringLiteral("a"), QStringLiteral("A"));
-        combo.SetColumns(spec);
+        combo.SetColumns(colText);
         QCOMPARE(combo.Model().ColumnCount(), columns);
         QCOMPARE(zelLoggedErrors(QStringLiteral("zelCombo.Columns Let")), errors);
         QCOMPARE(combo.Records()->Count(), 0);

@@ -37,7 +37,8 @@ QStringList expandedKeys(const zelTreeList &t)
     return keys;
 }
 
-constexpr std::array<const char *, 6> kColumns{"spec", "twips", "count", "header", "width", "hide"};
+constexpr std::array<const char *, 6> kColumns{"colText", "twips", "count",
+                                               "header",  "width", "hide"};
 constexpr std::array<const char *, 6> kAdd{"parent", "key", "data", "level", "up", "depth"};
 
 } // namespace
@@ -60,13 +61,13 @@ private slots:
     }
     void columns()
     {
-        const auto [spec, twips, count, header, width, hide] =
+        const auto [colText, twips, count, header, width, hide] =
             zelFetch<QString, double, int, bool, int, bool>(kColumns);
         zelTestScope scope;
         scope.fake().twipsPerPixel = twips;
         zelTreeList t;
         t.Tree()->header()->setDefaultSectionSize(100);
-        t.SetColumns(spec);
+        t.SetColumns(colText);
         QCOMPARE(t.Model()->ColumnCount(), count);
         QVERIFY(t.Tree()->isColumnHidden(count - 1) &&
                 t.Model()->headerData(count - 1, Qt::Horizontal) == u"Hidden"_s);

@@ -1,7 +1,7 @@
-// The records of the list controls, the column specification and the row
+// The records of the list controls, the column string and the row
 // model that the combo, the tree list and the combo tree share.
 
-#include "lists/zelColumnSpec.h"
+#include "lists/zelColumnString.h"
 #include "lists/zelComboRecords.h"
 #include "platform/zelLateBinding.h"
 #include "zelFakePlatform.h"
@@ -45,9 +45,10 @@ private slots:
 
 void tst_zelListsCore::parseColumns_data()
 {
-    zelColumns<QString, bool, double, QString>({"spec", "tree", "tpp", "expected"});
-    auto row = [](const char *name, const QString &spec, bool tree, double tpp, const char *exp) {
-        QTest::newRow(name) << spec << tree << tpp << QString::fromUtf8(exp);
+    zelColumns<QString, bool, double, QString>({"colText", "tree", "tpp", "expected"});
+    auto row = [](const char *name, const QString &colText, bool tree, double tpp,
+                  const char *exp) {
+        QTest::newRow(name) << colText << tree << tpp << QString::fromUtf8(exp);
     };
     row("empty combo", "", false, 15, "Default:1:d:0");
     row("tilde only", "~", false, 15, "Default:1:d:0");
@@ -74,10 +75,10 @@ void tst_zelListsCore::parseColumns_data()
 
 void tst_zelListsCore::parseColumns()
 {
-    const auto [spec, tree, tpp, expected] =
-        zelFetch<QString, bool, double, QString>({"spec", "tree", "tpp", "expected"});
+    const auto [colText, tree, tpp, expected] =
+        zelFetch<QString, bool, double, QString>({"colText", "tree", "tpp", "expected"});
     const auto dialect = tree ? zelColumnDialect::TreeList : zelColumnDialect::Combo;
-    QCOMPARE(describe(zel::ParseColumns(spec, dialect, tpp)), expected);
+    QCOMPARE(describe(zel::ParseColumns(colText, dialect, tpp)), expected);
 }
 
 void tst_zelListsCore::absurdSpecifications()
@@ -155,11 +156,11 @@ void tst_zelListsCore::removeRecordWalk_data()
 
 void tst_zelListsCore::removeRecordWalk()
 {
-    const auto [spec, remove, result, after] =
+    const auto [colText, remove, result, after] =
         zelFetch<QString, QVariant, bool, QString>({"records", "remove", "result", "after"});
     zelTestScope scope;
     zelComboRecords records;
-    const QStringList list = spec.split(QLatin1Char(','));
+    const QStringList list = colText.split(QLatin1Char(','));
     for (const QString &r : list)
         records.CreateRecord(r.section(QLatin1Char('<'), 0, 0), {}, {}, {});
     for (const QString &r : list)

@@ -1,4 +1,4 @@
-#include "lists/zelColumnSpec.h"
+#include "lists/zelColumnString.h"
 
 #include "core/zelConvert.h"
 
@@ -81,14 +81,14 @@ zelColumnDesc parseEntry(QStringView entry, zelColumnDialect dialect, double twi
 
 } // namespace
 
-QList<zelColumnDesc> ParseColumns(const QString &spec, zelColumnDialect dialect,
+QList<zelColumnDesc> ParseColumns(const QString &colText, zelColumnDialect dialect,
                                   double twipsPerPixel, zelColumnParseIssues *issues)
 {
     if (!(twipsPerPixel > 0) || !std::isfinite(twipsPerPixel))
         twipsPerPixel = 15;
     zelColumnParseIssues found;
     QList<zelColumnDesc> columns;
-    const QString text = spec + QLatin1Char(' ');
+    const QString text = colText + QLatin1Char(' ');
     const QStringView all(text);
     qsizetype start = 0;
     while (true) {

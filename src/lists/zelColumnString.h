@@ -1,6 +1,6 @@
 #pragma once
 
-// The column specification of the record lists: entries separated by tabs,
+// The column string of the record lists: entries separated by tabs,
 // each an optional flag character ("<" left, ">" right, "|" centre, "_"),
 // a caption, and optionally "~" and a width (1 to 300: pixels; 301 and up:
 // twips). Parsing is a plain function so the rules can be checked without
@@ -38,7 +38,7 @@ struct zelColumnDesc
 };
 
 // More entries than this are dropped; the caller logs it. No widget shows a
-// usable list of that many columns, and a huge specification must not cost
+// usable list of that many columns, and a huge column string must not cost
 // a widget column per tab.
 inline constexpr int zelMaxColumns = 1024;
 
@@ -48,7 +48,7 @@ struct zelColumnParseIssues
     int overflowColumn = -1; // first column whose width overflowed 16 bits
 };
 
-// The columns of spec, one per entry (always at least one):
+// The columns of colText, one per entry (always at least one):
 // - one blank is appended and the text split at tabs; each entry is trimmed
 //   of blanks (spaces only), "~" appended and split at "~": the head is the
 //   flag and caption, the second field the width;
@@ -66,7 +66,7 @@ struct zelColumnParseIssues
 //   tell the caller, which logs error 6. Up to 300 the width is pixels;
 //   from 301 it is twips divided by twipsPerPixel and rounded half to even
 //   (a twipsPerPixel that is not a positive number counts as 15).
-ZELCTRL_EXPORT QList<zelColumnDesc> ParseColumns(const QString &spec, zelColumnDialect dialect,
+ZELCTRL_EXPORT QList<zelColumnDesc> ParseColumns(const QString &colText, zelColumnDialect dialect,
                                                  double twipsPerPixel,
                                                  zelColumnParseIssues *issues = nullptr);
 
