@@ -33,7 +33,6 @@ class zelRecordCombo::Rows : public zelRecordSelection::View
 public:
     explicit Rows(zelRecordCombo &c) : m_c(c) {}
     qint32 FindRow(const QString &key) const override { return m_c.m_model->FindKey(key); }
-    QString KeyOfRow(qint32 row) const override { return m_c.m_model->KeyOf(row); }
     QList<qint32> SelectedRows() const override
     {
         return m_c.m_chosen ? QList<qint32>{m_c.m_chosen} : QList<qint32>{};

@@ -61,6 +61,14 @@ void zelRecordModel::SetStore(std::shared_ptr<zel::zelRecordStore> store)
         return;
     beginResetModel();
     m_store = std::move(store);
+    forgetRows();
+    endResetModel();
+}
+
+zelRecordModel::~zelRecordModel() = default;
+
+void zelRecordModel::forgetRows()
+{
     m_rowCount = 0;
     m_expandedRows = 0;
     m_disabledRows = 0;
@@ -69,10 +77,7 @@ void zelRecordModel::SetStore(std::shared_ptr<zel::zelRecordStore> store)
     m_treeTexts.clear();
     m_paint.clear();
     m_pending.clear();
-    endResetModel();
 }
-
-zelRecordModel::~zelRecordModel() = default;
 
 void zelRecordModel::touch()
 {
@@ -366,14 +371,7 @@ void zelRecordModel::Clear()
         beginResetModel();
     touch();
     m_store->Clear();
-    m_rowCount = 0;
-    m_expandedRows = 0;
-    m_disabledRows = 0;
-    m_parentRows = 0;
-    m_root = Kids();
-    m_treeTexts.clear();
-    m_paint.clear();
-    m_pending.clear();
+    forgetRows();
     if (m_updating == 0)
         endResetModel();
 }

@@ -134,6 +134,9 @@ signals:
     void ExpandRequested(const QModelIndex &index, bool expanded);
 
 private:
+    // What the model knows of the rows beside the store: nothing, after a
+    // Clear or a new store.
+    void forgetRows();
     // A parent's rows always read as a stable sort of the rows up to its
     // last sorted add, in the order they came, followed by the rows added
     // unsorted since. So the rows need to be known in order only as far as

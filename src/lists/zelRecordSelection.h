@@ -27,8 +27,6 @@ public:
         // The row showing the record with this key (keys compared exactly);
         // 0 when there is none.
         virtual qint32 FindRow(const QString &key) const = 0;
-        // The key a row shows; "" for a row below 1.
-        virtual QString KeyOfRow(qint32 row) const = 0;
         // The selected rows, the first one first.
         virtual QList<qint32> SelectedRows() const = 0;
         // Brings the row into view and selects it; the widget's notification

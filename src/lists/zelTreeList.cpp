@@ -51,7 +51,6 @@ public:
     explicit Selection(zelTreeList &t) : m(t) {}
 
     qint32 FindRow(const QString &key) const override { return m.m_model->FindKey(key); }
-    QString KeyOfRow(qint32 row) const override { return m.m_model->KeyOf(row); }
     QList<qint32> SelectedRows() const override
     {
         QList<qint32> rows;

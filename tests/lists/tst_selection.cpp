@@ -15,10 +15,6 @@ struct Rows : zelRecordSelection::View
     zelRecordSelection *sel = nullptr;
 
     qint32 FindRow(const QString &key) const override { return qint32(keys.indexOf(key) + 1); }
-    QString KeyOfRow(qint32 row) const override
-    {
-        return row >= 1 ? keys.value(row - 1) : QString();
-    }
     QList<qint32> SelectedRows() const override { return selected; }
     void SelectRow(qint32 row) override
     {
