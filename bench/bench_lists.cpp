@@ -99,6 +99,28 @@ void finishFill()
     QCoreApplication::processEvents();
 }
 
+// One turn of a fill case: the widget is made untimed; filling it and the
+// event-loop turn that shows the rows are timed; the check of what it holds
+// and its destruction are untimed again.
+template <typename Make, typename Fill, typename Held>
+void timeFills(benchmark::State &state, size_t rows, qint64 expected, Make make, Fill fill,
+               Held held)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto w = make();
+        state.ResumeTiming();
+        fill(*w);
+        finishFill();
+        state.PauseTiming();
+        if (qint64(held(*w)) != expected)
+            state.SkipWithError("rows missing");
+        w.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(rows));
+}
+
 // ---- Plain Qt -------------------------------------------------------------
 
 // One row of a QStandardItemModel: the three texts, the key in Qt::UserRole of
@@ -127,24 +149,17 @@ void BM_QtCombo_Fill(benchmark::State &state)
 {
     const size_t n = size_t(state.range(0));
     const Rows &r = flatRows(n);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto c = newTreeCombo();
-        state.ResumeTiming();
-        auto *model = new QStandardItemModel(0, 3, c.get());
-        model->setHorizontalHeaderLabels(
-            {QStringLiteral("Layer"), QStringLiteral("Scale"), QStringLiteral("Group")});
-        for (size_t i = 0; i < n; ++i)
-            model->appendRow(standardRow(r, i));
-        c->setModel(model);
-        finishFill();
-        state.PauseTiming();
-        if (c->count() != int(n))
-            state.SkipWithError("rows missing");
-        c.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
+    timeFills(
+        state, n, qint64(n), newTreeCombo,
+        [&](QComboBox &c) {
+            auto *model = new QStandardItemModel(0, 3, &c);
+            model->setHorizontalHeaderLabels(
+                {QStringLiteral("Layer"), QStringLiteral("Scale"), QStringLiteral("Group")});
+            for (size_t i = 0; i < n; ++i)
+                model->appendRow(standardRow(r, i));
+            c.setModel(model);
+        },
+        [](QComboBox &c) { return c.count(); });
 }
 
 // QTreeWidget of 1,000 roots with 999 children each: each root gets its
@@ -187,19 +202,9 @@ std::unique_ptr<QTreeWidget> newTreeWidget()
 void BM_QtTreeWidget_Fill(benchmark::State &state)
 {
     const Rows &r = flatRows(kTreeRows);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto w = newTreeWidget();
-        state.ResumeTiming();
-        fillTreeWidget(*w, r);
-        finishFill();
-        state.PauseTiming();
-        if (w->topLevelItemCount() != kRoots)
-            state.SkipWithError("roots missing");
-        w.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+    timeFills(
+        state, kTreeRows, kRoots, newTreeWidget, [&](QTreeWidget &w) { fillTreeWidget(w, r); },
+        [](QTreeWidget &w) { return w.topLevelItemCount(); });
 }
 
 // QComboBox whose QTreeView drop-down shows a tree-shaped QStandardItemModel:
@@ -209,29 +214,26 @@ void BM_QtTreeWidget_Fill(benchmark::State &state)
 void BM_QtComboTree_Fill(benchmark::State &state)
 {
     const Rows &r = flatRows(kTreeRows);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto c = newTreeCombo();
-        static_cast<QTreeView *>(c->view())->setRootIsDecorated(true);
-        state.ResumeTiming();
-        auto *model = new QStandardItemModel(0, 3, c.get());
-        model->setHorizontalHeaderLabels(
-            {QStringLiteral("Layer"), QStringLiteral("Scale"), QStringLiteral("Group")});
-        for (size_t i = 0; i < kTreeRows; i += 1 + kChildrenPerRoot) {
-            QList<QStandardItem *> root = standardRow(r, i);
-            for (size_t j = 1; j <= size_t(kChildrenPerRoot); ++j)
-                root[0]->appendRow(standardRow(r, i + j));
-            model->appendRow(root);
-        }
-        c->setModel(model);
-        finishFill();
-        state.PauseTiming();
-        if (c->count() != kRoots)
-            state.SkipWithError("roots missing");
-        c.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+    timeFills(
+        state, kTreeRows, kRoots,
+        [] {
+            auto c = newTreeCombo();
+            static_cast<QTreeView *>(c->view())->setRootIsDecorated(true);
+            return c;
+        },
+        [&](QComboBox &c) {
+            auto *model = new QStandardItemModel(0, 3, &c);
+            model->setHorizontalHeaderLabels(
+                {QStringLiteral("Layer"), QStringLiteral("Scale"), QStringLiteral("Group")});
+            for (size_t i = 0; i < kTreeRows; i += 1 + kChildrenPerRoot) {
+                QList<QStandardItem *> root = standardRow(r, i);
+                for (size_t j = 1; j <= size_t(kChildrenPerRoot); ++j)
+                    root[0]->appendRow(standardRow(r, i + j));
+                model->appendRow(root);
+            }
+            c.setModel(model);
+        },
+        [](QComboBox &c) { return c.count(); });
 }
 
 // Every root of a shown QTreeWidget expanded with expandToDepth(0); the
@@ -284,19 +286,9 @@ void BM_Combo_AddItem(benchmark::State &state)
 {
     const size_t n = size_t(state.range(0));
     const Rows &r = flatRows(n);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto c = newCombo();
-        state.ResumeTiming();
-        fillCombo(*c, r, n);
-        finishFill();
-        state.PauseTiming();
-        if (c->Records()->Count() != qint32(n))
-            state.SkipWithError("rows missing");
-        c.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
+    timeFills(
+        state, n, qint64(n), newCombo, [&](zelCombo &c) { fillCombo(c, r, n); },
+        [](auto &l) { return l.Records()->Count(); });
 }
 
 // The tree shape of the Qt side: roots first in their turn, each followed by
@@ -321,42 +313,29 @@ std::unique_ptr<zelTreeList> newTreeList()
 void BM_TreeList_AddItem(benchmark::State &state)
 {
     const Rows &r = flatRows(kTreeRows);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto t = newTreeList();
-        state.ResumeTiming();
-        fillTree(*t, r);
-        finishFill();
-        state.PauseTiming();
-        if (t->Records()->Count() != qint32(kTreeRows))
-            state.SkipWithError("rows missing");
-        t.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+    timeFills(
+        state, kTreeRows, qint64(kTreeRows), newTreeList, [&](zelTreeList &t) { fillTree(t, r); },
+        [](auto &l) { return l.Records()->Count(); });
 }
 
 // The combo tree inside one BeginUpdate/EndUpdate.
 void BM_ComboTree_AddItem(benchmark::State &state)
 {
     const Rows &r = flatRows(kTreeRows);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto c = std::make_unique<zelComboTree>();
-        c->resize(300, 24);
-        c->SetColumns(kColumns);
-        state.ResumeTiming();
-        c->BeginUpdate();
-        fillTree(*c, r);
-        c->EndUpdate();
-        finishFill();
-        state.PauseTiming();
-        if (c->Records()->Count() != qint32(kTreeRows))
-            state.SkipWithError("rows missing");
-        c.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(kTreeRows));
+    timeFills(
+        state, kTreeRows, qint64(kTreeRows),
+        [] {
+            auto c = std::make_unique<zelComboTree>();
+            c->resize(300, 24);
+            c->SetColumns(kColumns);
+            return c;
+        },
+        [&](zelComboTree &c) {
+            c.BeginUpdate();
+            fillTree(c, r);
+            c.EndUpdate();
+        },
+        [](auto &l) { return l.Records()->Count(); });
 }
 
 // One shown, filled combo per size, kept for the by-key case and dropped
@@ -424,21 +403,18 @@ void addShuffled(benchmark::State &state, bool sorted)
 {
     const size_t n = size_t(state.range(0));
     const Rows &r = shuffledRows(n);
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto c = newCombo();
-        c->SetSorted(sorted);
-        state.ResumeTiming();
-        for (size_t i = 0; i < n; ++i)
-            c->AddItem(r.keys[i], r.texts[i]);
-        finishFill();
-        state.PauseTiming();
-        if (c->Records()->Count() != qint32(n))
-            state.SkipWithError("rows missing");
-        c.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(int64_t(state.iterations()) * int64_t(n));
+    timeFills(
+        state, n, qint64(n),
+        [&] {
+            auto c = newCombo();
+            c->SetSorted(sorted);
+            return c;
+        },
+        [&](zelCombo &c) {
+            for (size_t i = 0; i < n; ++i)
+                c.AddItem(r.keys[i], r.texts[i]);
+        },
+        [](auto &l) { return l.Records()->Count(); });
 }
 
 void BM_Combo_AddItemSorted(benchmark::State &state)
