@@ -93,9 +93,7 @@ const zel::zelPropertyTable &zelFileExp::Properties() const
         Prop("ShowFilters", &F::ShowFilters, &F::SetShowFilters).Persist().Default(false),
         Prop("AutoSelect", &F::AutoSelect, &F::SetAutoSelect).Persist().Default(false),
         Prop("MultiSelect", &F::MultiSelect, &F::SetMultiSelect).Persist().Default(true),
-        Prop("SplitterLeft", &F::SplitterLeft, &F::SetSplitterLeft)
-            .Persist()
-            .Default(qint32(3300)),
+        Prop("SplitterLeft", &F::SplitterLeft, &F::SetSplitterLeft).Persist().Default(qint32(3300)),
         Prop("AppName", &F::AppName),
         Prop("SelectedFolder", &F::SelectedFolder),
     });

@@ -56,7 +56,8 @@ void zelFileExp::SelectFolder(const QString &sFolder)
         }
         const QModelIndex index = m_folders->index(QDir::fromNativeSeparators(folder));
         if (!index.isValid())
-            throw zelError(PathNotFound, t.Name(), QStringLiteral("The folder tree has no such folder"));
+            throw zelError(PathNotFound, t.Name(),
+                           QStringLiteral("The folder tree has no such folder"));
         // The tree's change event lists the folder.
         m_ftvImport->setCurrentIndex(index);
         m_ftvImport->scrollTo(index);

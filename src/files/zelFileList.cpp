@@ -4,8 +4,7 @@
 
 ZEL_REGISTER_PROGID(zelFileList);
 
-zelFileList::zelFileList(QObject *parent)
-    : SharedObject(parent), m_files(this, &zelFile::FullPath)
+zelFileList::zelFileList(QObject *parent) : SharedObject(parent), m_files(this, &zelFile::FullPath)
 {
     zel::RegisterShared<zelFileList>();
     zel::RegisterShared<zelFile>();

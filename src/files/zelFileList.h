@@ -51,7 +51,10 @@ public:
     // made from facts already read.
     zelFile::Ptr At(qint32 position) const { return m_files.items().ItemAt(position); }
     zelFile::Ptr CreateListed(const QString &fullPath, qint64 size, qint64 modifiedMSecs);
-    zel::zelKeyedCollection<zelFile>::const_iterator begin() const { return m_files.items().begin(); }
+    zel::zelKeyedCollection<zelFile>::const_iterator begin() const
+    {
+        return m_files.items().begin();
+    }
     zel::zelKeyedCollection<zelFile>::const_iterator end() const { return m_files.items().end(); }
 
 signals:

@@ -181,8 +181,7 @@ bool FilePattern::Matches(QStringView name) const
         if (i < p.size() && p[i] == QLatin1Char('*')) {
             star = i++;
             mark = n;
-        } else if (i < p.size() &&
-                   (p[i] == QLatin1Char('?') || p[i] == name[n].toCaseFolded())) {
+        } else if (i < p.size() && (p[i] == QLatin1Char('?') || p[i] == name[n].toCaseFolded())) {
             ++i;
             ++n;
         } else if (star >= 0) {
