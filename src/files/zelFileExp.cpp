@@ -1,5 +1,6 @@
 #include "files/zelFileExp.h"
 
+#include "core/zelConvert.h"
 #include "core/zelFieldFrame.h"
 #include "core/zelTrail.h"
 #include "files/zelFileListModel_p.h"
@@ -17,7 +18,7 @@
 ZEL_REGISTER_PROGID(zelFileExp);
 
 zelFileExp::zelFileExp(QWidget *parent)
-    : QWidget(parent), m_filters(std::make_shared<zelFileFilters>()),
+    : zelPaneContract(parent), m_filters(std::make_shared<zelFileFilters>()),
       m_fileList(std::make_shared<zelFileList>())
 {
     zel::RegisterShared<zelFileFilters>();
@@ -76,6 +77,10 @@ zelFileExp::zelFileExp(QWidget *parent)
 
     setMinimumSize(zel::TwipsToPixels(zel::FileExpMinWidth),
                    zel::TwipsToPixels(zel::FileExpMinHeight));
+    m_fraControl->setAutoFillBackground(true);
+    applyColours();
+    // The explorer frames itself: a host that makes it in code gets no header.
+    SetPaneStyle(ZEL_PaneStyle_None);
 }
 
 zelFileExp::~zelFileExp()
@@ -89,15 +94,86 @@ const zel::zelPropertyTable &zelFileExp::Properties() const
 {
     using F = zelFileExp;
     using zel::Prop;
-    static const zel::zelPropertyTable table({
-        Prop("ShowFilters", &F::ShowFilters, &F::SetShowFilters).Persist().Default(false),
-        Prop("AutoSelect", &F::AutoSelect, &F::SetAutoSelect).Persist().Default(false),
-        Prop("MultiSelect", &F::MultiSelect, &F::SetMultiSelect).Persist().Default(true),
-        Prop("SplitterLeft", &F::SplitterLeft, &F::SetSplitterLeft).Persist().Default(qint32(3300)),
-        Prop("AppName", &F::AppName),
-        Prop("SelectedFolder", &F::SelectedFolder),
-    });
+    static const zel::zelPropertyTable table(
+        PaneProperties({ZEL_PaneStyle_None, /* CanCancel and CouldCancel persisted */ false}),
+        {
+            Prop("BackColor", &F::BackColor, &F::SetBackColor)
+                .Persist()
+                .Default(quint32(0x80000005))
+                .Refreshes(RefreshColours),
+            Prop("ForeColor", &F::ForeColor, &F::SetForeColor)
+                .Persist()
+                .Default(quint32(0x80000012))
+                .Refreshes(RefreshColours),
+            Prop("ShowFilters", &F::ShowFilters, &F::SetShowFilters).Persist().Default(false),
+            Prop("AutoSelect", &F::AutoSelect, &F::SetAutoSelect).Persist().Default(false),
+            Prop("MultiSelect", &F::MultiSelect, &F::SetMultiSelect).Persist().Default(true),
+            Prop("SplitterLeft", &F::SplitterLeft, &F::SetSplitterLeft)
+                .Persist()
+                .Default(qint32(3300)),
+            Prop("AppName", &F::AppName),
+            Prop("SelectedFolder", &F::SelectedFolder),
+        });
     return table;
+}
+
+void zelFileExp::ReadProperties(zelPropertyBag &bag)
+{
+    zelPaneContract::ReadProperties(bag);
+    zel::Trail t(this, "UserControl_ReadProperties");
+    t.Step = QStringLiteral("Reading Font");
+    t.Run([&] {
+        const QVariant v = bag.ReadProperty(QStringLiteral("Font"), QString());
+        QFont f;
+        if (v.toString().isEmpty())
+            return;
+        if (v.metaType().id() != QMetaType::QString || !f.fromString(v.toString()))
+            throw zelError(zelError::TypeMismatch, t.Name(), QStringLiteral("Not a font"));
+        setFont(f);
+    });
+}
+
+void zelFileExp::WriteProperties(zelPropertyBag &bag) const
+{
+    zelPaneContract::WriteProperties(bag);
+    // A font of its own only: the form's font is the default.
+    bag.WriteProperty(QStringLiteral("Font"),
+                      testAttribute(Qt::WA_SetFont) ? font().toString() : QString(), QString());
+}
+
+void zelFileExp::SetBackColor(quint32 v)
+{
+    Let(
+        "BackColor", m_backColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
+}
+
+void zelFileExp::SetForeColor(quint32 v)
+{
+    Let(
+        "ForeColor", m_foreColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
+}
+
+void zelFileExp::SetFont(const QFont &v)
+{
+    zel::Trail t(this, "Font Set");
+    t.Run([&] {
+        setFont(v);
+        emit PropertyChanged(QStringLiteral("Font"));
+    });
+}
+
+void zelFileExp::Refresh(quint32 what)
+{
+    if (what & RefreshColours)
+        applyColours();
+}
+
+void zelFileExp::applyColours()
+{
+    QPalette pal = m_fraControl->palette();
+    pal.setColor(QPalette::Window, zel::ToQColor(m_backColor));
+    pal.setColor(QPalette::WindowText, zel::ToQColor(m_foreColor));
+    m_fraControl->setPalette(pal);
 }
 
 QString zelFileExp::AppName() const
@@ -201,12 +277,13 @@ void zelFileExp::Initialize(const QString &sAppName, const QString &sLanguage,
         m_appName = sAppName;
         m_filters->Clear();
         m_mcbFilters->Clear();
+        SetCanBack(true);
     });
 }
 
 void zelFileExp::resizeEvent(QResizeEvent *event)
 {
-    QWidget::resizeEvent(event);
+    zelPaneContract::resizeEvent(event);
     UserControl_Resize(false);
 }
 
@@ -234,7 +311,7 @@ bool zelFileExp::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_txtSplitter && txtSplitter_Mouse(event))
         return true;
-    return QWidget::eventFilter(watched, event);
+    return zelPaneContract::eventFilter(watched, event);
 }
 
 void zelFileExp::paintSplitter(quint32 colour)

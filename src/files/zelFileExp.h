@@ -11,16 +11,19 @@
 // link that leads back up is only ever followed as far as the user opens
 // it. A listing reads the folder once; a folder that cannot be read, or
 // goes away on the way, lists what could be read and logs why.
+//
+// The explorer is a wizard pane: the pane members, EnterPane and LeavePane
+// come from zelPaneContract, with no header style of its own by default.
 
-#include "core/zelProperties.h"
 #include "files/zelFileExpLayout.h"
 #include "files/zelFileFilters.h"
 #include "files/zelFileList.h"
+#include "wizard/zelPaneContract.h"
 #include "zelCtrlExport.h"
 
+#include <QFont>
 #include <QString>
 #include <QVariant>
-#include <QWidget>
 
 #include <memory>
 
@@ -31,9 +34,12 @@ class QTreeView;
 class zelCombo;
 class zelFileListModel;
 
-class ZELCTRL_EXPORT zelFileExp : public QWidget, public zelPropertyHost
+class ZELCTRL_EXPORT zelFileExp : public zelPaneContract
 {
     Q_OBJECT
+    Q_PROPERTY(QVariant BackColor READ BackColor WRITE SetBackColor)
+    Q_PROPERTY(QVariant ForeColor READ ForeColor WRITE SetForeColor)
+    Q_PROPERTY(QFont Font READ Font WRITE SetFont)
     Q_PROPERTY(QString AppName READ AppName)
     Q_PROPERTY(QVariant AutoSelect READ AutoSelect WRITE SetAutoSelect)
     Q_PROPERTY(QVariant MultiSelect READ MultiSelect WRITE SetMultiSelect)
@@ -94,7 +100,21 @@ public:
     Q_INVOKABLE void Initialize(const QString &sAppName, const QString &sLanguage = QString(),
                                 const QString &sHelpFile = QString());
 
+    // By default the system window colour 0x80000005.
+    quint32 BackColor() const { return m_backColor; }
+    void SetBackColor(quint32 v);
+    ZEL_LATE_BOUND(BackColor)
+    // By default the system button-text colour 0x80000012.
+    quint32 ForeColor() const { return m_foreColor; }
+    void SetForeColor(quint32 v);
+    ZEL_LATE_BOUND(ForeColor)
+    // By default the font of the form the explorer sits on.
+    QFont Font() const { return font(); }
+    void SetFont(const QFont &v);
+
     Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
+    void ReadProperties(zelPropertyBag &bag) override;
+    void WriteProperties(zelPropertyBag &bag) const override;
     const zel::zelPropertyTable &Properties() const override;
 
     // The layout last applied (twips), and the splitter bar's colour, whose
@@ -118,16 +138,13 @@ signals:
     // The splitter came to rest at a new position (a drag ended, or
     // SplitterLeft was set).
     void SplitterChanged(qint32 lSplitterLeft);
-    // A persisted property was changed (the property store's mark).
-    void PropertyChanged(const QString &name);
 
 public:
     // Listings of at least this many entries report their progress.
     static constexpr int ProgressFrom = 1000;
 
 protected:
-    const QObject *PropertyOwner() const override { return this; }
-    void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -151,6 +168,14 @@ private:
     zelCombo *m_mcbFilters = nullptr;
     QWidget *m_txtSplitter = nullptr;
 
+    enum : quint32
+    {
+        RefreshColours = 0x1
+    };
+    void applyColours();
+
+    quint32 m_backColor = 0x80000005;
+    quint32 m_foreColor = 0x80000012;
     QString m_appName;
     bool m_initialized = false;
     bool m_autoSelect = false;
