@@ -191,11 +191,17 @@ void zelFileExp::SetMultiSelect(bool v)
     LetThen("MultiSelect", m_multiSelect, v, [&] {
         m_lvwImport->setSelectionMode(v ? QAbstractItemView::ExtendedSelection
                                         : QAbstractItemView::SingleSelection);
-        // One selected row at most from now on: the current one keeps it.
-        if (!v && m_lvwImport->selectionModel()->selectedRows().size() > 1) {
+        // One selected row at most from now on: the current one keeps it
+        // when it is selected, else the first selected row.
+        QItemSelectionModel *selection = m_lvwImport->selectionModel();
+        const QModelIndexList rows = selection->selectedRows();
+        if (!v && rows.size() > 1) {
             const QModelIndex current = m_lvwImport->currentIndex();
-            m_lvwImport->selectionModel()->select(current, QItemSelectionModel::ClearAndSelect |
-                                                               QItemSelectionModel::Rows);
+            const QModelIndex keep =
+                current.isValid() && selection->isRowSelected(current.row(), {}) ? current
+                                                                                 : rows.first();
+            selection->select(keep,
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         }
     });
 }
@@ -260,8 +266,14 @@ void zelFileExp::fileListChanged()
     // files' flags say which rows are selected.
     if (m_listing)
         return;
+    const zelFile::Ptr current = m_rows->FileAt(m_lvwImport->currentIndex().row());
     m_rows->Reload();
     selectRowsFromFlags();
+    // The current row stays on its file while the file is there.
+    const qint32 position = current ? m_fileList->IndexOf(current->FullPath()) : 0;
+    if (position > 0)
+        m_lvwImport->selectionModel()->setCurrentIndex(m_rows->index(position - 1, 0),
+                                                       QItemSelectionModel::NoUpdate);
 }
 
 void zelFileExp::Initialize(const QString &sAppName, const QString &sLanguage,

@@ -50,6 +50,8 @@ public:
     // For the explorer: the file at a 1-based position in O(1), and a file
     // made from facts already read.
     zelFile::Ptr At(qint32 position) const { return m_files.items().ItemAt(position); }
+    // The 1-based position of the file kept under this path; 0 for none.
+    qint32 IndexOf(const QString &fullPath) const { return m_files.items().IndexOfKey(fullPath); }
     zelFile::Ptr CreateListed(const QString &fullPath, qint64 size, qint64 modifiedMSecs);
     zel::zelKeyedCollection<zelFile>::const_iterator begin() const
     {
