@@ -4,12 +4,16 @@
 // twips, and bad input that must leave the wizard where it was.
 
 #include "platform/zelLateBinding.h"
+#include "platform/zelObjectFactory.h"
 #include "wizard/zelPane.h"
 #include "wizard/zelPaneContract.h"
+#include "wizard/zelPropertyPages.h"
 #include "wizard/zelWizard.h"
 #include "zelFakePlatform.h"
 #include "zelTestData.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -408,6 +412,75 @@ private slots:
         QVERIFY(bar->isHidden());
         QVERIFY(!rig.wiz->findChild<QLabel *>("lblComment")->isHidden());
     }
+
+    void propertyPages_data()
+    {
+        zelColumns<QString, QString, QString, QStringList>({"page", "control", "order", "lists"});
+        zelRow("Pane", QStringLiteral("Pane"), QStringLiteral("zelPane"),
+               QStringLiteral("Pane PreviousPane NextPane PaneStyle HeaderTitle HeaderDescription"
+                              " CanCancel CanFinish CanBack CanNext CouldCancel CouldFinish"
+                              " CouldBack CouldNext IsLastPane IsFirstPane"),
+               QStringList{"0 - ZEL_PaneStyle_Picture", "1 - ZEL_PaneStyle_Header",
+                           "2 - ZEL_PaneStyle_None"});
+        zelRow("Wizard", QStringLiteral("Wizard"), QStringLiteral("zelWizard"),
+               QStringLiteral("BackButtonText FinishButtonText CancelButtonText NextButtonText"
+                              " HeaderHeight PictureWidth"),
+               QStringList{"0 - ZEL_FinishMode_Finish", "1 - ZEL_FinishMode_BackNextCancel",
+                           "2 - ZEL_FinishMode_BackCancel"});
+    }
+    // Several controls selected: the first is read, every field is written
+    // back to it in the page's order, the others are left alone.
+    void propertyPages()
+    {
+        const auto [page, control, order, lists] =
+            zelFetch<QString, QString, QString, QStringList>({"page", "control", "order", "lists"});
+        zelTestScope scope;
+        QWidget form;
+        zel::SetUserMode(&form, false);
+        QObject *first = zel::CreateObject("zelCtrl." + control, &form);
+        QObject *second = zel::CreateObject("zelCtrl." + control, &form);
+        zel::SetProperty(first, "HeaderHeight", 700);
+        zel::SetProperty(first, "HeaderTitle", "Mine");
+        zelCaptureLogger::errors.clear(); // each class has only one of the two
+        std::unique_ptr<QObject> o(zel::CreateObject("zelCtrl." + page));
+        auto *p = qobject_cast<zelPropertyPage *>(o.get());
+        QVERIFY(p);
+        p->SetSelectedControls({first, second});
+        p->SelectionChanged();
+        auto *list = p->findChildren<QComboBox *>().value(0);
+        QStringList items;
+        for (int i = 0; i < list->count(); ++i)
+            items << list->itemText(i);
+        QCOMPARE(items, lists);
+        // Every field edited: the one read from the first control shows it.
+        for (auto *edit : p->findChildren<QLineEdit *>()) {
+            QVERIFY(edit->text() != "Mine" || edit->objectName() == "txtHeaderTitle");
+            QVERIFY(edit->text() != "700" || edit->objectName() == "txtHeaderHeight");
+            edit->setText(edit->validator() ? QString::number(edit->text().toInt() + 1)
+                                            : edit->text() + "x");
+        }
+        for (auto *check : p->findChildren<QCheckBox *>())
+            check->toggle();
+        list->setCurrentIndex(1);
+        QStringList marked, others;
+        connect(first, SIGNAL(PropertyChanged(QString)), this, SLOT(mark(QString)));
+        m_marks = &marked;
+        p->ApplyChanges();
+        QCOMPARE(marked.join(' '), order);
+        QCOMPARE(zel::GetProperty(first, "HeaderTitle").toString() +
+                     zel::GetProperty(first, "HeaderHeight").toString(),
+                 control == "zelPane" ? "Minex" : "701");
+        zelMemoryPropertyBag untouched;
+        dynamic_cast<zelPersistable *>(second)->WriteProperties(untouched);
+        QCOMPARE(untouched.Count(), 0);
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
+
+private slots:
+    void mark(const QString &name) { *m_marks << name; }
+
+private:
+    QStringList *m_marks = nullptr;
 };
 
 QTEST_MAIN(tst_Wizard)
