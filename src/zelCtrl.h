@@ -39,3 +39,10 @@
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
+
+#include "wizard/zelPane.h"
+#include "wizard/zelPaneContract.h"
+#include "wizard/zelPaneInterfaces.h"
+#include "wizard/zelWizard.h"
+#include "wizard/zelWizardEnums.h"
+#include "wizard/zelWizardLayout.h"
