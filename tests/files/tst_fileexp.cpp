@@ -6,12 +6,15 @@
 #include "files/zelFileExp.h"
 #include "platform/zelLateBinding.h"
 #include "platform/zelPlatform.h"
+#include "wizard/zelPane.h"
+#include "wizard/zelWizard.h"
 #include "zelFakePlatform.h"
 #include "zelTestData.h"
 
 #include <QDir>
 #include <QFile>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
@@ -270,6 +273,58 @@ private slots:
         QCOMPARE(l.Tree.left() + l.Tree.width(), left);
         QCOMPARE(l.List.left(), left + 120);
         QCOMPARE(bar->x(), zel::TwipsToPixels(left));
+    }
+
+    // A wizard of two panes: a plain pane, then the explorer as the last.
+    void drivenAsAPaneByAWizard()
+    {
+        zelTestScope scope;
+        Folder folder;
+        QWidget form;
+        auto *wiz = new zelWizard(&form);
+        wiz->resize(700, 450);
+        auto *start = new zelPane(wiz);
+        start->SetPane(QStringLiteral("Start"));
+        start->SetNextPane(QStringLiteral(" files "));
+        start->SetIsFirstPane(true);
+        auto *x = new zelFileExp(wiz);
+        x->SetPane(QStringLiteral("Files"));
+        x->SetIsLastPane(true);
+        x->SetPreviousPane(QStringLiteral("elsewhere"));
+        QStringList log;
+        QObject::connect(x, &zelFileExp::EnterPane, [&](ZEL_Controls_WizardDirections d) {
+            log << QStringLiteral("Enter %1").arg(int(d));
+            x->SelectFolder(folder.path());
+        });
+        // The host keeps the user on the pane until a file is chosen.
+        QObject::connect(x, &zelFileExp::LeavePane, [&](ZEL_Controls_WizardDirections d, bool &c) {
+            c = x->FileList()->Count() == 0 || !x->FileList()->Item(1)->Selected();
+            log << QStringLiteral("Leave %1 %2").arg(int(d)).arg(c ? "stays" : "goes");
+        });
+        QObject::connect(wiz, &zelWizard::Finish, [&] { log << QStringLiteral("Finish"); });
+        auto button = [wiz](const char *n) { return wiz->findChild<QPushButton *>(n); };
+        form.show();
+        QCOMPARE(wiz->CurrentPane(), QStringLiteral("Start"));
+        QVERIFY(x->isHidden());
+        button("cmdNext")->click();
+        QCOMPARE(wiz->CurrentPane(), QStringLiteral("Files"));
+        QCOMPARE(x->PreviousPane(), QStringLiteral("Start"));
+        QCOMPARE(x->FileList()->Count(), 4);
+        // A last pane: Finish shown, Next not usable; Finish usable once the pane says so.
+        QVERIFY(!button("cmdFinish")->isHidden() && !button("cmdNext")->isEnabled());
+        QVERIFY(!button("cmdFinish")->isEnabled());
+        x->SetCanFinish(true);
+        QVERIFY(button("cmdFinish")->isEnabled());
+        button("cmdBack")->click();
+        QCOMPARE(wiz->CurrentPane(), QStringLiteral("Files"));
+        rowsOf(*x)->selectionModel()->select(rowsOf(*x)->model()->index(0, 0),
+                                             QItemSelectionModel::Select);
+        button("cmdFinish")->click();
+        QCOMPARE(log, QStringList({"Enter 2", "Leave 1 stays", "Leave 0 goes", "Finish"}));
+        // The wizard switches the explorer's widgets with its own Enabled.
+        wiz->SetEnabled(false);
+        QVERIFY(!rowsOf(*x)->isEnabled());
+        QCOMPARE(zelLoggedErrors(), 0);
     }
 
     void initializeActsOnce()
