@@ -54,7 +54,10 @@ zelFileExp::zelFileExp(QWidget *parent)
     m_lvwImport->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_lvwImport->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_lvwImport->setModel(m_rows);
+    // Fixed widths: sizing to the contents would read every row of a big folder.
     m_lvwImport->header()->setStretchLastSection(true);
+    m_lvwImport->header()->resizeSection(0, 150);
+    m_lvwImport->header()->resizeSection(1, 64);
     connect(m_lvwImport->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_listing && !m_selecting)
             UpdateSelections();
