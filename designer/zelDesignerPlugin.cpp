@@ -52,6 +52,9 @@ const zelDesignerEntry kEntries[] = {
     {"zelPane", "wizard/zelPane.h",
      "One step of a wizard: draw its widgets on it and chain it to the next pane by name", 6000,
      4500},
+    {"zelFileExp", "files/zelFileExp.h",
+     "Folder tree and filtered file list with a splitter; a file-choosing step of a wizard",
+     7500, 4500},
 };
 
 // Controls that take other widgets: panes go into a wizard, a step's widgets onto a pane.

@@ -36,6 +36,12 @@
 #include "grid/zelGridRow.h"
 #include "grid/zelGridRows.h"
 
+#include "files/zelFile.h"
+#include "files/zelFileExp.h"
+#include "files/zelFileFilter.h"
+#include "files/zelFileFilters.h"
+#include "files/zelFileList.h"
+
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
