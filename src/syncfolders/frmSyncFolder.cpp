@@ -25,7 +25,6 @@ frmSyncFolder::frmSyncFolder(const zelSyncFolders &folders, QWidget *parent)
     m_buttons->setObjectName(QStringLiteral("sbnOKCancel"));
     m_buttons->SetButtonsVisible(ZEL_StdButton_OKCancel);
     m_grid->SetButtonsVisible(ZEL_PrpButton_AddRemoveProps);
-    m_grid->SetButtonsOnSide(true);
     auto column = [&](const char *caption, const QStringList &choices = {}, bool edit = true) {
         auto c = m_grid->AddColumn(QString::fromLatin1(caption));
         c->SetAllowEdit(edit);

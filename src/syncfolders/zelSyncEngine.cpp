@@ -228,15 +228,18 @@ QList<zelSyncAction> zelSyncEngine::Plan()
             continue;
         }
         const bool newerHere = msecsOf(l) > msecsOf(s);
-        // Both ways, the newer version goes beside the older one.
-        const bool conflictToSecond = m_folder.Direction() == ZEL_SyncBothWays
-                                          ? newerHere
-                                          : m_folder.Direction() == ZEL_SyncToSecond;
+        // Each version goes beside the other wherever the direction allows,
+        // under the same name on both sides.
+        auto conflict = [&] {
+            for (bool toSecond : {true, false})
+                if (Allowed(toSecond))
+                    action(zelSyncAction::Conflict, toSecond);
+        };
         const auto known = m_state.constFind(key);
         if (known == m_state.constEnd()) {
             // Never seen together: the newer one is the new version.
             if (std::llabs(msecsOf(l) - msecsOf(s)) <= TimeSlack)
-                action(zelSyncAction::Conflict, conflictToSecond);
+                conflict();
             else
                 copyOrSkip(newerHere, "the other side is newer");
             continue;
@@ -244,7 +247,7 @@ QList<zelSyncAction> zelSyncEngine::Plan()
         const bool changedL = !(known->local == Seen{l.size, msecsOf(l)});
         const bool changedS = !(known->second == Seen{s.size, msecsOf(s)});
         if (changedL && changedS) {
-            action(zelSyncAction::Conflict, conflictToSecond);
+            conflict();
         } else if (changedL || changedS) {
             copyOrSkip(changedL, "changed only on the side not copied from");
         } else {
@@ -312,7 +315,7 @@ zelSyncEngine::Run(const QList<zelSyncAction> &plan,
             continue;
         }
         ++(a.kind == zelSyncAction::Copy ? summary.copied : summary.conflicts);
-        handled << a.path;
+        handled << a.path << to.mid(Root(a.toSecond).size() + 1);
     }
     // Only what this run brought into step is remembered: a file it failed
     // on or never reached is judged again next time as it was before.
