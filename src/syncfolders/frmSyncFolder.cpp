@@ -25,17 +25,20 @@ frmSyncFolder::frmSyncFolder(const zelSyncFolders &folders, QWidget *parent)
     m_buttons->setObjectName(QStringLiteral("sbnOKCancel"));
     m_buttons->SetButtonsVisible(ZEL_StdButton_OKCancel);
     m_grid->SetButtonsVisible(ZEL_PrpButton_AddRemoveProps);
-    auto column = [&](const char *caption, const QStringList &choices = {}, bool edit = true) {
+    m_grid->SetAutoSizeColZero(false);
+    auto column = [&](const char *caption, qint32 twips, const QStringList &choices = {},
+                      bool edit = true) {
         auto c = m_grid->AddColumn(QString::fromLatin1(caption));
+        c->SetWidth(twips);
         c->SetAllowEdit(edit);
         c->SetComboList(choices.join(QLatin1Char('|')));
     };
-    column("Name");
-    column("Folder", {}, false);
-    column("Second folder", {}, false);
-    column("Direction", Directions);
-    column("Files");
-    column("Enabled", YesNo);
+    column("Name", 1800);
+    column("Folder", 3000, {}, false);
+    column("Second folder", 3000, {}, false);
+    column("Direction", 2100, Directions);
+    column("Files", 1500);
+    column("Enabled", 900, YesNo);
     m_grid->RefreshColumns();
     for (const auto &f : folders) {
         m_folders << f->Clone();
