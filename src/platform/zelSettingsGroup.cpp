@@ -30,7 +30,9 @@ bool WriteUserGroup(const QString &group, const QVariantMap &values, QString &er
         s.setValue(it.key(), it.value());
     s.endGroup();
     s.sync();
-    if (s.status() == QSettings::NoError)
+    // A format error of the file as it was read stays in the status after a
+    // write that worked; only an access error means nothing was written.
+    if (s.status() != QSettings::AccessError)
         return true;
     error = QStringLiteral("the settings file could not be written: ") + s.fileName();
     return false;
