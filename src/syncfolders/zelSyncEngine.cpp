@@ -143,7 +143,12 @@ void zelSyncEngine::LoadState()
     const QByteArray data = zel::fileSystem().ReadFile(m_stateFile, error);
     if (data.isEmpty())
         return; // never run
-    const QJsonObject files = QJsonDocument::fromJson(data).object().value("Files").toObject();
+    const QJsonObject root = QJsonDocument::fromJson(data).object();
+    // What was known of other folders (the folder's paths were changed since)
+    // says nothing about these.
+    if (root.value("Local").toString() != m_local || root.value("Second").toString() != m_second)
+        return;
+    const QJsonObject files = root.value("Files").toObject();
     for (auto it = files.begin(); it != files.end(); ++it) {
         const QJsonArray a = it.value().toArray();
         if (a.size() != 4) {
@@ -267,6 +272,15 @@ zelSyncEngine::Run(const QList<zelSyncAction> &plan,
     qint32 total = 0, done = 0;
     for (const zelSyncAction &a : plan)
         total += a.kind == zelSyncAction::Copy || a.kind == zelSyncAction::Conflict;
+    // Temporary files of a run that died: nothing will finish them. One
+    // younger than an hour may belong to a run still going elsewhere.
+    const QDateTime stale = QDateTime::currentDateTimeUtc().addSecs(-3600);
+    for (const QString &root : {m_local, m_second}) {
+        QStringList ignored;
+        for (const zel::FileEntry &e : fs.ListFiles(root, {TempPrefix + '*'}, ignored))
+            if (e.modified < stale)
+                fs.Remove(root + QLatin1Char('/') + e.path);
+    }
     QStringList handled;
     auto fail = [&](const QString &why) {
         ++summary.errors;
@@ -335,7 +349,8 @@ void zelSyncEngine::SaveState(zelSyncSummary &summary)
     for (auto it = m_state.begin(); it != m_state.end(); ++it)
         files.insert(it.key(), QJsonArray{double(it->local.size), double(it->local.msecs),
                                           double(it->second.size), double(it->second.msecs)});
-    const QJsonObject root{{"Version", 1}, {"Files", files}};
+    const QJsonObject root{
+        {"Version", 1}, {"Local", m_local}, {"Second", m_second}, {"Files", files}};
     QString error;
     if (!zel::fileSystem().WriteFile(m_stateFile, QJsonDocument(root).toJson(), error)) {
         ++summary.errors;

@@ -182,7 +182,7 @@ private slots:
         fs->how = how;
         auto previous = zel::SetFileSystem(std::move(fs));
         put(t.local, "big=0123456789@10;small=s@10");
-        put(t.second, "big=old@0");
+        put(t.second, "big=old@0;.zelsync-died.part=half");
         const QString summary = t.list.Synchronise();
         zel::SetFileSystem(std::move(previous));
         QVERIFY2(summary.contains("1 copied") && summary.contains("1 errors"), qPrintable(summary));
