@@ -39,3 +39,9 @@
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
+
+#include "syncfolders/frmSyncFolder.h"
+#include "syncfolders/zelSyncEngine.h"
+#include "syncfolders/zelSyncFolder.h"
+#include "syncfolders/zelSyncFolderList.h"
+#include "syncfolders/zelSyncFolders.h"

@@ -165,6 +165,7 @@ private slots:
         QVERIFY(!t.list.Synchronise().contains(" 0 conflicts kept"));
         t.list.Synchronise(); // the kept version spreads; neither original is touched
         QTEST(t.both(), "after");
+        QVERIFY(t.list.Synchronise().contains("0 copied, 0 conflicts kept")); // and stays put
     }
 
     void brokenCopyLeavesNoPartialFile_data()
