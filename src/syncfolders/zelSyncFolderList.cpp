@@ -106,7 +106,7 @@ bool zelSyncFolderList::Load()
                                    QStringLiteral("no time of the last run: ") + last.toString());
             });
         }
-        loaded = true;
+        loaded = m_stored = true;
     });
     return loaded;
 }
@@ -133,7 +133,7 @@ bool zelSyncFolderList::Save()
         QString error;
         if (!zel::WriteUserGroup(Group(), values, error))
             throw zelError(zelError::InvalidProcedureCall, {}, error);
-        saved = true;
+        saved = m_stored = true;
     });
     return saved;
 }
@@ -246,8 +246,10 @@ QString zelSyncFolderList::Synchronise(const QString &sName)
             for (const QString &p : s.problems)
                 lines << QStringLiteral("  ") + p;
         }
-        if (!m_application.isEmpty() && !lines.isEmpty())
-            Save(); // the times of the last runs
+        // The times of the last runs; a list that never met the store must
+        // not replace what is stored there.
+        if (m_stored && !lines.isEmpty())
+            Save();
     });
     return lines.join(QLatin1Char('\n'));
 }

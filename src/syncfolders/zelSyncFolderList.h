@@ -46,7 +46,8 @@ public:
     // enabled folder), one line per file; no file is touched.
     Q_INVOKABLE QStringList Preview(const QString &sName = QString());
     // Runs the folder of that name (empty: every enabled folder) and answers
-    // the summary, one line per folder.
+    // the summary, one line per folder. A list that was loaded or saved is
+    // saved again, with the times of the runs.
     Q_INVOKABLE QString Synchronise(const QString &sName = QString());
     // Stops a run before its next file.
     Q_INVOKABLE void Cancel() { m_cancel = true; }
@@ -71,4 +72,5 @@ private:
     QString m_application;
     std::shared_ptr<zelSyncFolders> m_folders;
     bool m_cancel = false;
+    bool m_stored = false; // loaded from or saved to the store
 };
