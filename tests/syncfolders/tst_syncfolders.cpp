@@ -360,6 +360,38 @@ private slots:
         }
         QCOMPARE(t.scope.fake().messages.size(), messages);
     }
+
+    void formCellEdits_data()
+    {
+        zelColumns<int, QString, QString, QString, QVariant>(
+            {"column", "typed", "shown", "property", "value"});
+        zelRow("name taken", int(frmSyncFolder::ColName), QString("maps"), QString("maps 2"),
+               QString("Name"), QVariant("maps 2"));
+        zelRow("name emptied", int(frmSyncFolder::ColName), QString(" "), QString("Folder"),
+               QString("Name"), QVariant("Folder"));
+        zelRow("direction", int(frmSyncFolder::ColDirection), QString("From the second folder"),
+               QString("From the second folder"), QString("Direction"),
+               QVariant(int(ZEL_SyncFromSecond)));
+        zelRow("no direction", int(frmSyncFolder::ColDirection), QString("Sideways"),
+               QString("Both ways"), QString("Direction"), QVariant(int(ZEL_SyncBothWays)));
+        zelRow("disabled", int(frmSyncFolder::ColEnabled), QString("No"), QString("No"),
+               QString("Enabled"), QVariant(false));
+        zelRow("pattern", int(frmSyncFolder::ColPattern), QString(" *.tif "), QString("*.tif"),
+               QString("Pattern"), QVariant("*.tif"));
+    }
+    void formCellEdits()
+    {
+        const auto [column, typed, property, value] =
+            zelFetch<int, QString, QString, QVariant>({"column", "typed", "property", "value"});
+        Trees t;
+        t.list.Folders()->Create("Other", "/a", "/b");
+        frmSyncFolder form(*t.list.Folders());
+        QString text = typed;
+        emit form.findChild<zelGridList *>("glsFolders")->EditCellByRef(2, column, text);
+        QTEST(text, "shown");
+        QCOMPARE(form.Folders().at(1)->property(property.toLatin1()).toString(), value.toString());
+        QCOMPARE(t.list.Folders()->Item(2)->Name(), QString("Other")); // the list waits for OK
+    }
 };
 
 QTEST_MAIN(tst_SyncFolders)
