@@ -23,9 +23,9 @@ namespace {
 const QDateTime Base(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
 
 // "a=1@10;d/b=2": file a holding "1" changed 10 minutes after Base, d/b holding "2".
-void put(const QString &root, const QString &spec)
+void put(const QString &root, const QString &files)
 {
-    for (const QString &item : spec.split(';', Qt::SkipEmptyParts)) {
+    for (const QString &item : files.split(';', Qt::SkipEmptyParts)) {
         const QString name = item.section('=', 0, 0), rest = item.section('=', 1);
         QDir().mkpath(QFileInfo(root + '/' + name).path());
         QFile f(root + '/' + name);
