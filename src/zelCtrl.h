@@ -46,6 +46,12 @@
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
 
+#include "syncfolders/frmSyncFolder.h"
+#include "syncfolders/zelSyncEngine.h"
+#include "syncfolders/zelSyncFolder.h"
+#include "syncfolders/zelSyncFolderList.h"
+#include "syncfolders/zelSyncFolders.h"
+
 #include "wizard/zelPane.h"
 #include "wizard/zelPaneContract.h"
 #include "wizard/zelPaneInterfaces.h"
