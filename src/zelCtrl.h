@@ -39,3 +39,7 @@
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
+
+#include "toolbars/zelToolbarCtrl.h"
+#include "toolbars/zelToolbarEnums.h"
+#include "toolbars/zelToolbarLayout.h"
