@@ -249,3 +249,18 @@ void zelToolbars::HideEverywhere(const zelTool &tool)
         if (other->Tools() && other->Tools()->Item(tool.Key()).get() == &tool)
             other->Tools()->Remove(tool.Key());
 }
+
+void zelToolbars::ReorderToolbars(const QStringList &keys)
+{
+    std::vector<std::shared_ptr<zelToolbar>> order;
+    for (const QString &key : keys)
+        if (auto bar = m_toolbars.ItemByKey(key);
+            bar && std::find(order.begin(), order.end(), bar) == order.end())
+            order.push_back(bar);
+    for (const auto &bar : m_toolbars)
+        if (std::find(order.begin(), order.end(), bar) == order.end())
+            order.push_back(bar);
+    m_toolbars.Clear();
+    for (const auto &bar : order)
+        m_toolbars.Add(bar, bar->Key());
+}

@@ -117,7 +117,9 @@ public:
     void MenuBarTaken(const zelToolbar *by);
     // Takes tool off every toolbar and menu.
     void HideEverywhere(const zelTool &tool);
-    // The toolbars in order, for the saved layout.
+    // The toolbars in order, for the saved layout, and the same put in the
+    // order of keys (toolbars keys do not name follow in their order).
+    void ReorderToolbars(const QStringList &keys);
     const zel::zelKeyedCollection<zelToolbar> &Toolbars() const { return m_toolbars; }
 
 signals:
