@@ -28,12 +28,18 @@ Qt::ToolBarArea areaOf(ZEL_Toolbar_DockedPositions p)
 } // namespace
 
 zelToolbar::zelToolbar(const QString &sKey, const QString &sCaption, zelToolbars *owner)
-    : m_key(sKey), m_owner(owner), m_bar(new QToolBar)
+    : m_key(sKey), m_caption(sCaption), m_owner(owner)
 {
-    m_bar->setObjectName(sKey);
+    m_tools = std::make_shared<zelTools>(owner, false);
+    makeBar();
+}
+
+void zelToolbar::makeBar()
+{
+    m_bar = new QToolBar;
+    m_bar->setObjectName(m_key);
+    m_bar->setWindowTitle(m_caption);
     m_bar->installEventFilter(this);
-    m_tools = std::make_shared<zelTools>(owner, false, m_bar);
-    SetCaption(sCaption);
     // The window's own menu of toolbars is the user's way to close one.
     connect(m_bar->toggleViewAction(), &QAction::triggered, this, [this](bool checked) {
         if (!checked)
@@ -41,6 +47,8 @@ zelToolbar::zelToolbar(const QString &sKey, const QString &sCaption, zelToolbars
         else
             m_visible = true;
     });
+    if (!m_menuBar)
+        m_tools->SetContainer(m_bar);
 }
 
 zelToolbar::~zelToolbar()
@@ -64,19 +72,19 @@ void zelToolbar::SetVisible(bool v)
 
 void zelToolbar::applyVisible()
 {
-    if (m_bar && m_window && !m_menuBar)
+    if (m_bar && win() && !m_menuBar)
         m_bar->setVisible(m_visible);
-    if (m_menuBar && m_window)
-        m_window->menuBar()->setVisible(m_visible);
+    if (m_menuBar && win())
+        win()->menuBar()->setVisible(m_visible);
 }
 
 ZEL_Toolbar_DockedPositions zelToolbar::DockedPosition() const
 {
-    if (!m_window || !m_bar || m_menuBar)
+    if (!win() || !m_bar || m_menuBar)
         return m_dock;
     if (m_bar->isFloating())
         return ZEL_Toolbar_Floating;
-    switch (m_window->toolBarArea(m_bar)) {
+    switch (win()->toolBarArea(m_bar)) {
     case Qt::BottomToolBarArea:
         return ZEL_Toolbar_DockedBottom;
     case Qt::LeftToolBarArea:
@@ -98,19 +106,19 @@ void zelToolbar::SetDockedPosition(ZEL_Toolbar_DockedPositions v)
 
 void zelToolbar::Redock()
 {
-    if (!m_window || !m_bar || m_menuBar)
+    if (!win() || !m_bar || m_menuBar)
         return;
     if (m_dock == ZEL_Toolbar_Floating) {
         // Qt floats a toolbar only under the user's mouse; a tool window of
         // the main window is what a floated toolbar is.
-        const QPoint at = m_window->mapToGlobal(QPoint(40, 40));
-        m_window->removeToolBar(m_bar);
-        m_bar->setParent(m_window, Qt::Tool);
+        const QPoint at = win()->mapToGlobal(QPoint(40, 40));
+        win()->removeToolBar(m_bar);
+        m_bar->setParent(win(), Qt::Tool);
         m_bar->move(at);
     } else {
         if (m_bar->isWindow())
             m_bar->setWindowFlags(Qt::Widget);
-        m_window->addToolBar(areaOf(m_dock), m_bar);
+        win()->addToolBar(areaOf(m_dock), m_bar);
     }
     applyVisible();
 }
@@ -122,22 +130,31 @@ void zelToolbar::SetMenuBar(bool v)
     if (v && m_owner)
         m_owner->MenuBarTaken(this);
     m_menuBar = v;
-    QMainWindow *window = m_window;
+    QMainWindow *window = win();
     Bind(nullptr);
     Bind(window);
 }
 
 void zelToolbar::Bind(QMainWindow *window)
 {
-    if (m_window && m_window != window) {
+    if (m_window && !win()) {
+        // The window is going and takes the toolbar with it; its widgets are
+        // past being changed.
+        m_tools->ForgetContainer();
+        m_bar = nullptr;
+        m_window = nullptr;
+    }
+    if (win() && win() != window) {
         m_tools->SetContainer(nullptr);
         if (m_bar) {
-            m_window->removeToolBar(m_bar);
+            win()->removeToolBar(m_bar);
             m_bar->hide();
             m_bar->setParent(nullptr);
         }
     }
     m_window = window;
+    if (!m_bar)
+        makeBar(); // the window before took the last one with it
     if (!window) {
         m_tools->SetContainer(m_menuBar ? nullptr : m_bar.data());
         return;
@@ -161,17 +178,17 @@ void zelToolbar::Detach()
 
 bool zelToolbar::LineBreak() const
 {
-    return m_window && m_bar && !m_menuBar && m_window->toolBarBreak(m_bar);
+    return win() && m_bar && !m_menuBar && win()->toolBarBreak(m_bar);
 }
 
 void zelToolbar::SetLineBreak(bool v)
 {
-    if (!m_window || !m_bar || m_menuBar || m_bar->isWindow() || v == LineBreak())
+    if (!win() || !m_bar || m_menuBar || m_bar->isWindow() || v == LineBreak())
         return;
     if (v)
-        m_window->insertToolBarBreak(m_bar);
+        win()->insertToolBarBreak(m_bar);
     else
-        m_window->removeToolBarBreak(m_bar);
+        win()->removeToolBarBreak(m_bar);
 }
 
 void zelToolbar::UserClosed()

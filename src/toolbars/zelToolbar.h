@@ -25,8 +25,8 @@ class ZELCTRL_EXPORT zelToolbar : public zel::SharedObject<zelToolbar>
     Q_PROPERTY(QString Key READ Key)
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
     Q_PROPERTY(bool Visible READ Visible WRITE SetVisible)
-    Q_PROPERTY(ZEL_Toolbar_DockedPositions DockedPosition READ DockedPosition WRITE
-                   SetDockedPosition)
+    Q_PROPERTY(
+        ZEL_Toolbar_DockedPositions DockedPosition READ DockedPosition WRITE SetDockedPosition)
     Q_PROPERTY(bool MenuBar READ MenuBar WRITE SetMenuBar)
     Q_PROPERTY(std::shared_ptr<zelTools> Tools READ Tools)
 
@@ -70,11 +70,15 @@ protected:
 
 private:
     void applyVisible();
+    void makeBar();
+    // The window while it is one: a main window that is going (its children
+    // go first) is only a QWidget by then and is left alone.
+    QMainWindow *win() const { return qobject_cast<QMainWindow *>(m_window.data()); }
 
     QString m_key, m_caption;
     QPointer<zelToolbars> m_owner;
     QPointer<QToolBar> m_bar;
-    QPointer<QMainWindow> m_window;
+    QPointer<QWidget> m_window;
     std::shared_ptr<zelTools> m_tools;
     ZEL_Toolbar_DockedPositions m_dock = ZEL_Toolbar_DockedTop;
     bool m_visible = true;

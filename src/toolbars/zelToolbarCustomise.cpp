@@ -56,8 +56,7 @@ zelToolbarCustomise::zelToolbarCustomise(zelToolbarLayout *layout, QWidget *pare
         if (!m_filling && row >= 0 && row < m_state.Toolbars.size())
             m_state.Toolbars[row].Visible = item->checkState() == Qt::Checked;
     });
-    connect(m_lstTools->model(), &QAbstractItemModel::rowsMoved, this,
-            [this] { takeToolOrder(); });
+    connect(m_lstTools->model(), &QAbstractItemModel::rowsMoved, this, [this] { takeToolOrder(); });
     connect(reset, &QPushButton::clicked, this, [this] {
         if (!m_layout)
             return;

@@ -95,8 +95,7 @@ ToolbarLayoutState ToolbarLayoutFromJson(const QByteArray &json)
     ToolbarLayoutState state;
     for (const QJsonValue &v : bars.toArray()) {
         const QJsonObject o = v.toObject();
-        const QJsonValue key = o.value(QLatin1String("Key")),
-                         dock = o.value(QLatin1String("Dock")),
+        const QJsonValue key = o.value(QLatin1String("Key")), dock = o.value(QLatin1String("Dock")),
                          tools = o.value(QLatin1String("Tools"));
         if (!v.isObject() || !key.isString() || key.toString().isEmpty() || !dock.isDouble() ||
             dock.toInt(-1) < ZEL_Toolbar_DockedTop || dock.toInt(-1) > ZEL_Toolbar_Floating ||
@@ -146,21 +145,31 @@ ToolbarLayoutState CaptureToolbarLayout(const zelToolbars &toolbars)
     for (const auto &bar : toolbars.Toolbars())
         state.Toolbars << ToolbarState{bar->Key(), bar->Visible(), qint32(bar->DockedPosition()),
                                        bar->LineBreak(), bar->Tools()->Keys()};
-    // On a window on screen the order is where the toolbars stand: by area,
-    // then by line, then along the line. Elsewhere it is the order kept.
+    // On a window on screen the toolbars that show stand in the order of
+    // where they are: by area, then by line, then along the line. A hidden
+    // one has no place on screen and keeps its place in the order kept.
     QMainWindow *w = toolbars.Window();
-    if (w && w->isVisible()) {
-        auto place = [&](const ToolbarState &s) {
-            const auto bar = toolbars.Item(s.Key);
-            const QRect g = bar->MenuBar() ? QRect() : bar->Bar()->geometry();
-            const bool across = s.Dock == ZEL_Toolbar_DockedTop || s.Dock == ZEL_Toolbar_DockedBottom;
-            return std::tuple(s.Dock, across ? g.y() : g.x(), across ? g.x() : g.y());
-        };
-        std::stable_sort(state.Toolbars.begin(), state.Toolbars.end(),
-                         [&](const ToolbarState &a, const ToolbarState &b) {
-                             return place(a) < place(b);
-                         });
-    }
+    if (!w || !w->isVisible())
+        return state;
+    auto place = [&](const ToolbarState &s) {
+        const auto bar = toolbars.Item(s.Key);
+        // The menu bar stands above every toolbar.
+        const QRect g = bar->MenuBar() ? QRect(-1, -1, 0, 0) : bar->Bar()->geometry();
+        const bool across = s.Dock == ZEL_Toolbar_DockedTop || s.Dock == ZEL_Toolbar_DockedBottom;
+        return std::tuple(s.Dock, across ? g.y() : g.x(), across ? g.x() : g.y());
+    };
+    QList<qsizetype> places;
+    QList<ToolbarState> shown;
+    for (qsizetype i = 0; i < state.Toolbars.size(); ++i)
+        if (state.Toolbars[i].Visible) {
+            places << i;
+            shown << state.Toolbars[i];
+        }
+    std::stable_sort(shown.begin(), shown.end(), [&](const ToolbarState &a, const ToolbarState &b) {
+        return place(a) < place(b);
+    });
+    for (qsizetype i = 0; i < places.size(); ++i)
+        state.Toolbars[places[i]] = shown[i];
     return state;
 }
 

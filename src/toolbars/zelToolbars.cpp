@@ -68,7 +68,7 @@ std::shared_ptr<zelToolbar> zelToolbars::Create(const QString &sKey, const QStri
                            QStringLiteral("The toolbar key \"%1\" is used already").arg(sKey));
         auto bar = std::make_shared<zelToolbar>(sKey, sCaption, this);
         m_toolbars.Add(bar, sKey);
-        bar->Bind(m_window);
+        bar->Bind(Window());
         made = bar;
     });
     return made;
@@ -127,7 +127,7 @@ void zelToolbars::releaseAll()
 
 QObject *zelToolbars::NativeControl() const
 {
-    return m_window.data();
+    return Window();
 }
 
 void zelToolbars::SetNativeControl(QObject *oControl)
@@ -182,23 +182,26 @@ int extent(QMainWindow *w, const zel::zelKeyedCollection<zelToolbar> &bars, Qt::
 
 qint32 zelToolbars::LeftMargin() const
 {
-    return m_window ? zel::PixelsToTwips(extent(m_window, m_toolbars, Qt::LeftToolBarArea)) : 0;
+    QMainWindow *w = Window();
+    return w ? zel::PixelsToTwips(extent(w, m_toolbars, Qt::LeftToolBarArea)) : 0;
 }
 
 qint32 zelToolbars::TopMargin() const
 {
-    return m_window ? zel::PixelsToTwips(extent(m_window, m_toolbars, Qt::TopToolBarArea)) : 0;
+    QMainWindow *w = Window();
+    return w ? zel::PixelsToTwips(extent(w, m_toolbars, Qt::TopToolBarArea)) : 0;
 }
 
 qint32 zelToolbars::RightMargin() const
 {
-    return m_window ? zel::PixelsToTwips(extent(m_window, m_toolbars, Qt::RightToolBarArea)) : 0;
+    QMainWindow *w = Window();
+    return w ? zel::PixelsToTwips(extent(w, m_toolbars, Qt::RightToolBarArea)) : 0;
 }
 
 qint32 zelToolbars::BottomMargin() const
 {
-    return m_window ? zel::PixelsToTwips(extent(m_window, m_toolbars, Qt::BottomToolBarArea))
-                    : 0;
+    QMainWindow *w = Window();
+    return w ? zel::PixelsToTwips(extent(w, m_toolbars, Qt::BottomToolBarArea)) : 0;
 }
 
 QActionGroup *zelToolbars::OptionGroup(const QString &sGroup)

@@ -106,7 +106,8 @@ public:
 
     // For the object model.
     //
-    QMainWindow *Window() const { return m_window; }
+    // The window while it is one (not while it is going).
+    QMainWindow *Window() const { return qobject_cast<QMainWindow *>(m_window.data()); }
     zel::zelImageList &Images() const { return *m_images; }
     // The exclusive group of option buttons named sGroup, made on first use.
     QActionGroup *OptionGroup(const QString &sGroup);
@@ -134,6 +135,6 @@ private:
     std::shared_ptr<zelTools> m_tools;
     std::unique_ptr<zel::zelImageList> m_images;
     QHash<QString, QActionGroup *> m_groups;
-    QPointer<QMainWindow> m_window;
+    QPointer<QWidget> m_window;
     bool m_ignoreEvents = false;
 };

@@ -81,8 +81,8 @@ bool zelTools::Add(const QVariant &vTool, qint32 lBefore)
             throw zelError(457, t.Name(),
                            QStringLiteral("The tool \"%1\" is here already").arg(tool->Key()));
         // A menu that held itself, at any depth, would open without end.
-        if (m_menuTool && (tool.get() == m_menuTool ||
-                           (tool->Tools() && tool->Tools()->Contains(m_menuTool))))
+        if (m_menuTool &&
+            (tool.get() == m_menuTool || (tool->Tools() && tool->Tools()->Contains(m_menuTool))))
             throw refusal(t, QStringLiteral("A menu cannot hold itself"));
         if (lBefore < 0 || lBefore > m_items.Count() || !m_items.Add(tool, tool->Key(), lBefore))
             throw zelError(zelError::SubscriptOutOfRange, t.Name(),

@@ -35,8 +35,9 @@ public:
     // A new tool, made among the owner's tools and, for the list of a
     // toolbar or menu, added to it as well. Nothing, and a logged error, for
     // an empty key, a key that is taken, or a list whose toolbar was removed.
-    Q_INVOKABLE std::shared_ptr<zelTool> Create(const QString &sKey, const QString &sCaption,
-                                                ZEL_Toolbar_ToolTypes eType = ZEL_Toolbar_ToolButton);
+    Q_INVOKABLE std::shared_ptr<zelTool>
+    Create(const QString &sKey, const QString &sCaption,
+           ZEL_Toolbar_ToolTypes eType = ZEL_Toolbar_ToolButton);
     // Shows an existing tool of the owner (by key or object) here, before
     // the 1-based position lBefore (0: at the end). False, and a logged
     // error, for an unknown tool, one that is here already, a menu put into
@@ -61,6 +62,8 @@ public:
     // Shows the tools in another widget (nothing: in none).
     void SetContainer(QWidget *container);
     QWidget *Container() const { return m_container; }
+    // Lets go of a widget that is going, without changing it.
+    void ForgetContainer() { m_container = nullptr; }
     // The list belongs to a toolbar that was removed: it takes no more tools.
     void Detach();
     // Whether tool stands here or in a menu below.
