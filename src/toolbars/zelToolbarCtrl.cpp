@@ -44,8 +44,12 @@ void zelToolbarCtrl::bindWindow()
     // In a designer the form is not the application's window: nothing binds.
     if (!zel::UserMode(this))
         return;
-    if (auto *window = qobject_cast<QMainWindow *>(this->window()))
-        m_toolbars->SetNativeControl(window);
+    // The nearest main window: an application may hold one inside another.
+    for (QWidget *w = parentWidget(); w; w = w->parentWidget())
+        if (auto *window = qobject_cast<QMainWindow *>(w)) {
+            m_toolbars->SetNativeControl(window);
+            return;
+        }
 }
 
 bool zelToolbarCtrl::event(QEvent *e)

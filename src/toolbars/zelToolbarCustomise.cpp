@@ -13,14 +13,22 @@ namespace {
 
 constexpr int KeyRole = Qt::UserRole;
 
+// A caption as the user reads it, without its mnemonic marks.
+QString plain(QString caption)
+{
+    return caption.replace(QLatin1String("&&"), QLatin1String("\x01"))
+        .remove(QLatin1Char('&'))
+        .replace(QLatin1String("\x01"), QLatin1String("&"));
+}
+
 } // namespace
 
 zelToolbarCustomise::zelToolbarCustomise(zelToolbarLayout *layout, QWidget *parent)
-    : QDialog(parent), m_layout(layout), m_toolbars(layout->Toolbars())
+    : QDialog(parent), m_layout(layout),
+      m_toolbars(layout ? layout->Toolbars() : std::shared_ptr<zelToolbars>())
 {
     setObjectName(QStringLiteral("frmCustomise"));
     setWindowTitle(QStringLiteral("Customise"));
-    m_state = zel::CaptureToolbarLayout(*layout->Toolbars());
 
     m_lstToolbars = new QListWidget(this);
     m_lstToolbars->setObjectName(QStringLiteral("lstToolbars"));
@@ -65,10 +73,17 @@ zelToolbarCustomise::zelToolbarCustomise(zelToolbarLayout *layout, QWidget *pare
     });
     connect(m_buttons, &zelStdButtons::OK, this, &zelToolbarCustomise::ok);
     connect(m_buttons, &zelStdButtons::Cancel, this, &QDialog::reject);
-    fillToolbars();
+    Reload();
 }
 
 zelToolbarCustomise::~zelToolbarCustomise() = default;
+
+void zelToolbarCustomise::Reload()
+{
+    if (const auto toolbars = m_toolbars.lock())
+        m_state = zel::CaptureToolbarLayout(*toolbars);
+    fillToolbars();
+}
 
 void zelToolbarCustomise::fillToolbars()
 {
@@ -79,7 +94,7 @@ void zelToolbarCustomise::fillToolbars()
         m_lstToolbars->clear();
         for (const zel::ToolbarState &s : std::as_const(m_state.Toolbars)) {
             const auto bar = toolbars ? toolbars->Item(s.Key) : nullptr;
-            auto *item = new QListWidgetItem(bar ? bar->Caption() : s.Key, m_lstToolbars);
+            auto *item = new QListWidgetItem(bar ? plain(bar->Caption()) : s.Key, m_lstToolbars);
             item->setData(KeyRole, s.Key);
             item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
             item->setCheckState(s.Visible ? Qt::Checked : Qt::Unchecked);
@@ -99,7 +114,7 @@ void zelToolbarCustomise::fillTools()
         return;
     for (const QString &key : std::as_const(m_state.Toolbars[row].Tools)) {
         const auto tool = toolbars->Tools()->Item(key);
-        QString text = tool ? tool->Caption() : key;
+        QString text = tool ? plain(tool->Caption()) : key;
         if (tool && tool->Type() == ZEL_Toolbar_ToolSeparator)
             text = QStringLiteral("----");
         auto *item = new QListWidgetItem(text, m_lstTools);

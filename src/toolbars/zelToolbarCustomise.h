@@ -24,6 +24,8 @@ public:
     explicit zelToolbarCustomise(zelToolbarLayout *layout, QWidget *parent = nullptr);
     ~zelToolbarCustomise() override;
 
+    // Shows the toolbars as they are now, dropping what the dialog held.
+    void Reload();
     // What OK would apply.
     const zel::ToolbarLayoutState &State() const { return m_state; }
 

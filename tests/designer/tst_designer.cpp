@@ -150,6 +150,7 @@ private slots:
         row("zelCombo", "Sorted", true);
         row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
+        row("zelToolbarCtrl", "IgnoreEvents", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()

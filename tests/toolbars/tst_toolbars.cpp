@@ -304,12 +304,14 @@ private slots:
     {
         const auto [userMode, border] = zelFetch<bool, int>({"userMode", "border"});
         zelTestScope scope;
-        QMainWindow form;
-        zel::SetUserMode(&form, userMode);
+        QMainWindow outer; // the control binds the main window it is on, not the outer one
+        auto &form = *new QMainWindow;
+        outer.setCentralWidget(&form);
+        zel::SetUserMode(&outer, userMode);
         auto *ctl = new zelToolbarCtrl(&form);
         ctl->setObjectName("ctlToolbars");
         ctl->Create("File", "File");
-        form.show();
+        outer.show();
         ctl->resize(200, 30);
         auto *name = ctl->findChild<QLabel *>("lblName");
         QCOMPARE(ctl->BorderStyle(), border);
