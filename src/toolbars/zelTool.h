@@ -77,7 +77,9 @@ public:
 
     // For the object model: the action that toolbars and menus show.
     QAction *Action() const { return m_action.get(); }
-    // The toolbars the tool was made for; gone after their Unload or Clear.
+    // The toolbars the tool was made for; nothing once they let it go
+    // (Release: their Unload, Clear, or the tool's Remove).
+    zelToolbars *Owner() const { return m_owner; }
     void Release();
 
 private:

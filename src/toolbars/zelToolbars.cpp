@@ -218,12 +218,13 @@ void zelToolbars::ToolTriggered(const zelTool &tool)
     t.Run([&] {
         if (m_ignoreEvents)
             return;
-        // The host may unload everything from its handler.
-        const QString command = tool.Command();
+        // The host may unload everything from its handler: the tool stays
+        // until the click is over, and raises nothing more once let go.
+        const auto keep = tool.weak_from_this().lock();
         const QPointer<zelToolbars> alive(this);
         emit ToolClicked(tool.Key());
-        if (alive && !command.isEmpty() && !m_ignoreEvents)
-            emit CommandClicked(command);
+        if (alive && tool.Owner() == this && !tool.Command().isEmpty() && !m_ignoreEvents)
+            emit CommandClicked(tool.Command());
     });
 }
 

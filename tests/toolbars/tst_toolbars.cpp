@@ -155,6 +155,7 @@ private slots:
         zelRow("option", QStringLiteral("ZoomOut"), false, QStringList{"ToolClicked ZoomOut"});
         zelRow("ignored", QStringLiteral("Save"), true, QStringList{});
         zelRow("ignored option", QStringLiteral("ZoomIn"), true, QStringList{});
+        zelRow("handler unloads", QStringLiteral("Save"), false, QStringList{"ToolClicked Save"});
     }
     void clickRaisesEvents()
     {
@@ -165,8 +166,13 @@ private slots:
         QVERIFY(zel::SetProperty(app.ctl, "IgnoreEvents", ignore));
         QCOMPARE(app.ctl->Toolbars()->IgnoreEvents(), ignore);
         const char *bar = tool.startsWith("Zoom") ? "View" : "File";
+        const bool unload = QByteArray(QTest::currentDataTag()) == "handler unloads";
+        if (unload)
+            connect(app.ctl, &zelToolbarCtrl::ToolClicked, app.ctl, &zelToolbarCtrl::Unload);
         QTest::mouseClick(app.button(bar, qPrintable(tool)), Qt::LeftButton);
         QCOMPARE(app.heard, heard);
+        QCOMPARE(app.ctl->Count(), unload ? 0 : 3);
+        QCOMPARE(app.window.menuBar()->actions().isEmpty(), unload);
         QCOMPARE(zelLoggedErrors(), 0);
     }
 
