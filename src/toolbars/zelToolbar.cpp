@@ -138,10 +138,11 @@ void zelToolbar::SetMenuBar(bool v)
 void zelToolbar::Bind(QMainWindow *window)
 {
     if (m_window && !win()) {
-        // The window is going and takes the toolbar with it; its widgets are
-        // past being changed.
+        // The window is going and takes the toolbar with it (a menu bar's
+        // unused one stays ours); its widgets are past being changed.
         m_tools->ForgetContainer();
-        m_bar = nullptr;
+        if (m_bar && m_bar->parent() == m_window.data())
+            m_bar = nullptr;
         m_window = nullptr;
     }
     if (win() && win() != window) {
@@ -201,7 +202,9 @@ void zelToolbar::UserClosed()
 bool zelToolbar::eventFilter(QObject *watched, QEvent *event)
 {
     // A floating toolbar closed by its window's close button.
-    if (watched == m_bar && event->type() == QEvent::Close && m_bar->isWindow() && !m_closing) {
+    // The type first: a toolbar that is going still sends events, and is no
+    // QToolBar by then.
+    if (event->type() == QEvent::Close && watched == m_bar && m_bar->isWindow() && !m_closing) {
         m_closing = true;
         UserClosed();
         m_closing = false;
