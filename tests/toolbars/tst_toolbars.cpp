@@ -294,6 +294,9 @@ private slots:
         QCOMPARE(app.ctl->Item("View")->DockedPosition(), ZEL_Toolbar_Floating);
         QVERIFY(app.bar("View")->close());
         app.bar("File")->toggleViewAction()->trigger();
+        app.ctl->SetIgnoreEvents(true);
+        app.ctl->Item("Menus")->SetMenuBar(false);
+        app.bar("Menus")->toggleViewAction()->trigger();
         QCOMPARE(app.heard, (QStringList{"ToolbarClosed View", "ToolbarClosed File"}));
         QVERIFY(!app.ctl->Item("View")->Visible() && !app.ctl->Item("File")->Visible());
     }
@@ -350,6 +353,10 @@ private slots:
         QCOMPARE(next.layout(), left);
         QCOMPARE(next.ctl->Item("File")->DockedPosition(), ZEL_Toolbar_DockedLeft);
         QVERIFY(!next.bar("View")->isVisible());
+        // Docked toolbars take the left edge, the menu bar the top, nothing the others.
+        const auto bars = next.ctl->Toolbars();
+        QVERIFY(bars->LeftMargin() > 0 && bars->TopMargin() > 0);
+        QCOMPARE(bars->RightMargin() + bars->BottomMargin(), 0);
         // Another application's layout is its own.
         App other;
         QVERIFY(zelToolbarLayout(other.ctl->Toolbars(), "Other").Restore());
