@@ -40,6 +40,12 @@
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
 
+#include "syncfolders/frmSyncFolder.h"
+#include "syncfolders/zelSyncEngine.h"
+#include "syncfolders/zelSyncFolder.h"
+#include "syncfolders/zelSyncFolderList.h"
+#include "syncfolders/zelSyncFolders.h"
+
 #include "toolbars/zelToolbarCtrl.h"
 #include "toolbars/zelToolbarEnums.h"
 #include "toolbars/zelToolbarLayout.h"

@@ -1,7 +1,7 @@
 #include "toolbars/zelToolbarLayout.h"
 
 #include "core/zelTrail.h"
-#include "platform/zelUserSettings.h"
+#include "platform/zelSettingsGroup.h"
 #include "toolbars/zelToolbarCustomise.h"
 
 #include <QJsonArray>
@@ -16,8 +16,18 @@ namespace zel {
 
 namespace {
 
-const QString kKind = QStringLiteral("Toolbars");
 const QString kValue = QStringLiteral("Layout");
+
+// The group of an application's layout in the per-user store, standing for
+// "Software\Quorvane\Toolbars\<application>": the store's separators are
+// taken out of the name, so that no name reaches another application's
+// group. Empty for an empty or blank name.
+QString groupOf(const QString &application)
+{
+    QString name = application.trimmed();
+    name.replace(QLatin1Char('/'), QLatin1Char('_')).replace(QLatin1Char('\\'), QLatin1Char('_'));
+    return name.isEmpty() ? QString() : QStringLiteral("Toolbars/") + name;
+}
 
 zelError foreign(const QString &what)
 {
@@ -214,12 +224,12 @@ bool zelToolbarLayout::Restore()
             throw zelError(zelError::ObjectRequired, t.Name(), QStringLiteral("No toolbars"));
         if (!m_defaults)
             m_defaults = std::make_unique<zel::ToolbarLayoutState>(Defaults());
-        const QString section = zel::UserSection(zel::kKind, m_application);
+        const QString section = zel::groupOf(m_application);
         if (section.isEmpty())
             throw zelError(zelError::InvalidProcedureCall, t.Name(),
                            QStringLiteral("No application name"));
         t.Step = QStringLiteral("Reading");
-        const QVariant stored = zel::ReadUserValue(section, zel::kValue);
+        const QVariant stored = zel::ReadUserGroup(section).value(zel::kValue);
         if (!stored.isValid()) {
             restored = true;
             return;
@@ -243,13 +253,14 @@ bool zelToolbarLayout::Save()
     zel::Trail t(this, "Save");
     bool saved = false;
     t.Run([&] {
-        const QString section = zel::UserSection(zel::kKind, m_application);
+        const QString section = zel::groupOf(m_application);
         if (!m_toolbars || section.isEmpty())
             throw zelError(zelError::InvalidProcedureCall, t.Name(),
                            QStringLiteral("No toolbars or no application name"));
         const QByteArray json = zel::ToolbarLayoutToJson(zel::CaptureToolbarLayout(*m_toolbars));
-        if (!zel::WriteUserValue(section, zel::kValue, QString::fromUtf8(json)))
-            throw zelError(75, t.Name(), QStringLiteral("The settings store cannot be written"));
+        QString error;
+        if (!zel::WriteUserGroup(section, {{zel::kValue, QString::fromUtf8(json)}}, error))
+            throw zelError(75, t.Name(), error);
         saved = true;
     });
     return saved;

@@ -4,7 +4,7 @@
 
 #include "platform/zelLateBinding.h"
 #include "platform/zelPlatform.h"
-#include "platform/zelUserSettings.h"
+#include "platform/zelSettingsGroup.h"
 #include "toolbars/zelToolbarCtrl.h"
 #include "toolbars/zelToolbarCustomise.h"
 #include "toolbars/zelToolbarLayout.h"
@@ -423,7 +423,8 @@ private slots:
         QFETCH(QVariant, stored);
         zelTestScope scope;
         Store store;
-        QVERIFY(zel::WriteUserValue(zel::UserSection("Toolbars", "Mapper"), "Layout", stored));
+        QString error;
+        QVERIFY(zel::WriteUserGroup("Toolbars/Mapper", {{"Layout", stored}}, error));
         App app;
         const auto built = app.layout();
         zelToolbarLayout layout(app.ctl->Toolbars(), "Mapper");
