@@ -80,6 +80,8 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
+    // The table's refresh, apart from the host's Refresh (which does nothing).
+    using zelPropertyHost::Refresh;
     const QObject *PropertyOwner() const override { return this; }
     void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
     bool event(QEvent *event) override;
