@@ -49,3 +49,10 @@
 #include "toolbars/zelToolbarCtrl.h"
 #include "toolbars/zelToolbarEnums.h"
 #include "toolbars/zelToolbarLayout.h"
+
+#include "wizard/zelPane.h"
+#include "wizard/zelPaneContract.h"
+#include "wizard/zelPaneInterfaces.h"
+#include "wizard/zelWizard.h"
+#include "wizard/zelWizardEnums.h"
+#include "wizard/zelWizardLayout.h"
