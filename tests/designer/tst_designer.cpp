@@ -155,6 +155,7 @@ private slots:
         row("zelCombo", "Sorted", true);
         row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
+        row("zelToolbarCtrl", "IgnoreEvents", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()
