@@ -46,6 +46,9 @@ const zelDesignerEntry kEntries[] = {
 #endif
     {"zelTreeList", "lists/zelTreeList.h",
      "Multi-column tree of keyed records with pictures, expanded by key or by depth", 3600, 2400},
+    {"zelToolbarCtrl", "toolbars/zelToolbarCtrl.h",
+     "Toolbars and menus of the main window it is placed on; shows nothing at run time", 1200,
+     480},
     {"zelWizard", "wizard/zelWizard.h",
      "Wizard that shows one pane at a time with Back, Next, Finish and Cancel; drop panes into it",
      9000, 6000},

@@ -52,6 +52,10 @@
 #include "syncfolders/zelSyncFolderList.h"
 #include "syncfolders/zelSyncFolders.h"
 
+#include "toolbars/zelToolbarCtrl.h"
+#include "toolbars/zelToolbarEnums.h"
+#include "toolbars/zelToolbarLayout.h"
+
 #include "wizard/zelPane.h"
 #include "wizard/zelPaneContract.h"
 #include "wizard/zelPaneInterfaces.h"

@@ -156,6 +156,7 @@ private slots:
         row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
         row("zelFileExp", "ShowFilters", true);
+        row("zelToolbarCtrl", "IgnoreEvents", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()
