@@ -81,7 +81,7 @@ zelFileExp::zelFileExp(QWidget *parent)
     setMinimumSize(zel::TwipsToPixels(zel::FileExpMinWidth),
                    zel::TwipsToPixels(zel::FileExpMinHeight));
     m_fraControl->setAutoFillBackground(true);
-    applyColours();
+    ApplyColours();
     // The explorer frames itself: a host that makes it in code gets no header.
     SetPaneStyle(ZEL_PaneStyle_None);
 }
@@ -100,14 +100,6 @@ const zel::zelPropertyTable &zelFileExp::Properties() const
     static const zel::zelPropertyTable table(
         PaneProperties({ZEL_PaneStyle_None, /* CanCancel and CouldCancel persisted */ false}),
         {
-            Prop("BackColor", &F::BackColor, &F::SetBackColor)
-                .Persist()
-                .Default(quint32(0x80000005))
-                .Refreshes(RefreshColours),
-            Prop("ForeColor", &F::ForeColor, &F::SetForeColor)
-                .Persist()
-                .Default(quint32(0x80000012))
-                .Refreshes(RefreshColours),
             Prop("ShowFilters", &F::ShowFilters, &F::SetShowFilters).Persist().Default(false),
             Prop("AutoSelect", &F::AutoSelect, &F::SetAutoSelect).Persist().Default(false),
             Prop("MultiSelect", &F::MultiSelect, &F::SetMultiSelect).Persist().Default(true),
@@ -120,63 +112,9 @@ const zel::zelPropertyTable &zelFileExp::Properties() const
     return table;
 }
 
-void zelFileExp::ReadProperties(zelPropertyBag &bag)
+QWidget *zelFileExp::ColouredWidget()
 {
-    zelPaneContract::ReadProperties(bag);
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Step = QStringLiteral("Reading Font");
-    t.Run([&] {
-        const QVariant v = bag.ReadProperty(QStringLiteral("Font"), QString());
-        QFont f;
-        if (v.toString().isEmpty())
-            return;
-        if (v.metaType().id() != QMetaType::QString || !f.fromString(v.toString()))
-            throw zelError(zelError::TypeMismatch, t.Name(), QStringLiteral("Not a font"));
-        setFont(f);
-    });
-}
-
-void zelFileExp::WriteProperties(zelPropertyBag &bag) const
-{
-    zelPaneContract::WriteProperties(bag);
-    // A font of its own only: the form's font is the default.
-    bag.WriteProperty(QStringLiteral("Font"),
-                      testAttribute(Qt::WA_SetFont) ? font().toString() : QString(), QString());
-}
-
-void zelFileExp::SetBackColor(quint32 v)
-{
-    Let(
-        "BackColor", m_backColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
-}
-
-void zelFileExp::SetForeColor(quint32 v)
-{
-    Let(
-        "ForeColor", m_foreColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
-}
-
-void zelFileExp::SetFont(const QFont &v)
-{
-    zel::Trail t(this, "Font Set");
-    t.Run([&] {
-        setFont(v);
-        emit PropertyChanged(QStringLiteral("Font"));
-    });
-}
-
-void zelFileExp::Refresh(quint32 what)
-{
-    if (what & RefreshColours)
-        applyColours();
-}
-
-void zelFileExp::applyColours()
-{
-    QPalette pal = m_fraControl->palette();
-    pal.setColor(QPalette::Window, zel::ToQColor(m_backColor));
-    pal.setColor(QPalette::WindowText, zel::ToQColor(m_foreColor));
-    m_fraControl->setPalette(pal);
+    return m_fraControl;
 }
 
 QString zelFileExp::AppName() const

@@ -37,9 +37,6 @@ class zelFileListModel;
 class ZELCTRL_EXPORT zelFileExp : public zelPaneContract
 {
     Q_OBJECT
-    Q_PROPERTY(QVariant BackColor READ BackColor WRITE SetBackColor)
-    Q_PROPERTY(QVariant ForeColor READ ForeColor WRITE SetForeColor)
-    Q_PROPERTY(QFont Font READ Font WRITE SetFont)
     Q_PROPERTY(QString AppName READ AppName)
     Q_PROPERTY(QVariant AutoSelect READ AutoSelect WRITE SetAutoSelect)
     Q_PROPERTY(QVariant MultiSelect READ MultiSelect WRITE SetMultiSelect)
@@ -100,21 +97,7 @@ public:
     Q_INVOKABLE void Initialize(const QString &sAppName, const QString &sLanguage = QString(),
                                 const QString &sHelpFile = QString());
 
-    // By default the system window colour 0x80000005.
-    quint32 BackColor() const { return m_backColor; }
-    void SetBackColor(quint32 v);
-    ZEL_LATE_BOUND(BackColor)
-    // By default the system button-text colour 0x80000012.
-    quint32 ForeColor() const { return m_foreColor; }
-    void SetForeColor(quint32 v);
-    ZEL_LATE_BOUND(ForeColor)
-    // By default the font of the form the explorer sits on.
-    QFont Font() const { return font(); }
-    void SetFont(const QFont &v);
-
     Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
     const zel::zelPropertyTable &Properties() const override;
 
     // The layout last applied (twips), and the splitter bar's colour, whose
@@ -144,7 +127,7 @@ public:
     static constexpr int ProgressFrom = 1000;
 
 protected:
-    void Refresh(quint32 what) override;
+    QWidget *ColouredWidget() override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -168,14 +151,6 @@ private:
     zelCombo *m_mcbFilters = nullptr;
     QWidget *m_txtSplitter = nullptr;
 
-    enum : quint32
-    {
-        RefreshColours = 0x1
-    };
-    void applyColours();
-
-    quint32 m_backColor = 0x80000005;
-    quint32 m_foreColor = 0x80000012;
     QString m_appName;
     bool m_initialized = false;
     bool m_autoSelect = false;

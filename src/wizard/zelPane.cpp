@@ -13,14 +13,6 @@ ZEL_REGISTER_PROGID(zelPane);
 
 namespace {
 
-// A plain colour 0x00BBGGRR or one of the system colours.
-quint32 checkedColour(quint32 v)
-{
-    if (v > 0x00FFFFFFu && (v & 0xFFFFFF00u) != 0x80000000u)
-        throw zelError(zelError::InvalidPropertyValue);
-    return v;
-}
-
 qint16 mouseButton(Qt::MouseButtons b)
 {
     return qint16((b & Qt::LeftButton ? 1 : 0) | (b & Qt::RightButton ? 2 : 0) |
@@ -39,94 +31,21 @@ zelPane::zelPane(QWidget *parent) : zelPaneContract(parent)
 {
     setAutoFillBackground(true);
     setFocusPolicy(Qt::StrongFocus);
-    applyColours();
+    ApplyColours();
 }
 
 zelPane::~zelPane() = default;
 
 const zel::zelPropertyTable &zelPane::Properties() const
 {
-    using P = zelPane;
-    using zel::Prop;
-    static const zel::zelPropertyTable table(PaneProperties({}),
-                                             {
-                                                 Prop("BackColor", &P::BackColor, &P::SetBackColor)
-                                                     .Persist()
-                                                     .Default(quint32(0x80000005))
-                                                     .With(zel::Init)
-                                                     .Refreshes(RefreshColours),
-                                                 Prop("ForeColor", &P::ForeColor, &P::SetForeColor)
-                                                     .Persist()
-                                                     .Default(quint32(0x80000012))
-                                                     .With(zel::Init)
-                                                     .Refreshes(RefreshColours),
-                                             });
+    static const zel::zelPropertyTable table(PaneProperties({}), {});
     return table;
-}
-
-void zelPane::ReadProperties(zelPropertyBag &bag)
-{
-    zelPaneContract::ReadProperties(bag);
-    zel::Trail t(this, "UserControl_ReadProperties");
-    t.Step = QStringLiteral("Reading Font");
-    t.Run([&] {
-        const QVariant v = bag.ReadProperty(QStringLiteral("Font"), QString());
-        QFont f;
-        if (v.toString().isEmpty())
-            return;
-        if (v.metaType().id() != QMetaType::QString || !f.fromString(v.toString()))
-            throw zelError(zelError::TypeMismatch, t.Name(), QStringLiteral("Not a font"));
-        setFont(f);
-    });
-}
-
-void zelPane::WriteProperties(zelPropertyBag &bag) const
-{
-    zelPaneContract::WriteProperties(bag);
-    // A font of its own only: the form's font is the default.
-    bag.WriteProperty(QStringLiteral("Font"),
-                      testAttribute(Qt::WA_SetFont) ? font().toString() : QString(), QString());
-}
-
-void zelPane::SetBackColor(quint32 v)
-{
-    Let(
-        "BackColor", m_backColor, [&] { return checkedColour(v); }, [] {});
-}
-
-void zelPane::SetForeColor(quint32 v)
-{
-    Let(
-        "ForeColor", m_foreColor, [&] { return checkedColour(v); }, [] {});
-}
-
-void zelPane::SetFont(const QFont &v)
-{
-    zel::Trail t(this, "Font Set");
-    t.Run([&] {
-        setFont(v);
-        emit PropertyChanged(QStringLiteral("Font"));
-    });
 }
 
 void zelPane::Refresh()
 {
     zel::Trail t(this, "Refresh");
     t.Run([&] { update(); });
-}
-
-void zelPane::Refresh(quint32 what)
-{
-    if (what & RefreshColours)
-        applyColours();
-}
-
-void zelPane::applyColours()
-{
-    QPalette pal = palette();
-    pal.setColor(QPalette::Window, zel::ToQColor(m_backColor));
-    pal.setColor(QPalette::WindowText, zel::ToQColor(m_foreColor));
-    setPalette(pal);
 }
 
 void zelPane::paintEvent(QPaintEvent *event)

@@ -9,14 +9,9 @@
 #include "wizard/zelPaneContract.h"
 #include "zelCtrlExport.h"
 
-#include <QFont>
-
 class ZELCTRL_EXPORT zelPane : public zelPaneContract
 {
     Q_OBJECT
-    Q_PROPERTY(QVariant BackColor READ BackColor WRITE SetBackColor)
-    Q_PROPERTY(QVariant ForeColor READ ForeColor WRITE SetForeColor)
-    Q_PROPERTY(QFont Font READ Font WRITE SetFont)
     Q_CLASSINFO("Description.HeaderTitle", "Returns/sets the Title displayed in the header area.")
     Q_CLASSINFO("Description.HeaderDescription",
                 "Returns/sets the description displayed in the header area.")
@@ -27,24 +22,10 @@ public:
     explicit zelPane(QWidget *parent = nullptr);
     ~zelPane() override;
 
-    // By default the system window colour 0x80000005.
-    quint32 BackColor() const { return m_backColor; }
-    void SetBackColor(quint32 v);
-    ZEL_LATE_BOUND(BackColor)
-    // By default the system button-text colour 0x80000012.
-    quint32 ForeColor() const { return m_foreColor; }
-    void SetForeColor(quint32 v);
-    ZEL_LATE_BOUND(ForeColor)
-    // By default the font of the form the pane sits on.
-    QFont Font() const { return font(); }
-    void SetFont(const QFont &v);
-
     // Repaints the pane.
     Q_INVOKABLE void Refresh();
 
     Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
-    void ReadProperties(zelPropertyBag &bag) override;
-    void WriteProperties(zelPropertyBag &bag) const override;
     const zel::zelPropertyTable &Properties() const override;
 
 signals:
@@ -60,7 +41,6 @@ signals:
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
 
 protected:
-    void Refresh(quint32 what) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -71,14 +51,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
-    enum : quint32
-    {
-        RefreshColours = 0x1
-    };
-    void applyColours();
     void raiseMouse(const char *procedure, QMouseEvent *event,
                     void (zelPane::*signal)(qint16 &, qint16 &, float &, float &));
-
-    quint32 m_backColor = 0x80000005;
-    quint32 m_foreColor = 0x80000012;
 };

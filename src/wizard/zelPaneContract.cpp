@@ -1,5 +1,6 @@
 #include "wizard/zelPaneContract.h"
 
+#include "core/zelConvert.h"
 #include "core/zelTrail.h"
 #include "platform/zelContainerSwitch.h"
 #include "platform/zelLateBinding.h"
@@ -151,6 +152,16 @@ std::vector<zel::zelPropertyDecl> zelPaneContract::PaneProperties(const zelPaneK
         Prop("HelpContextID", &P::HelpContextID, &P::SetHelpContextID),
         Prop("Enabled", &P::Enabled, &P::SetEnabled),
         Prop("Visible", &P::Visible, &P::SetVisible),
+        Prop("BackColor", &P::BackColor, &P::SetBackColor)
+            .Persist()
+            .Default(quint32(0x80000005))
+            .With(zel::Init)
+            .Refreshes(RefreshPaneColours),
+        Prop("ForeColor", &P::ForeColor, &P::SetForeColor)
+            .Persist()
+            .Default(quint32(0x80000012))
+            .With(zel::Init)
+            .Refreshes(RefreshPaneColours),
     };
 }
 
@@ -305,4 +316,64 @@ bool zelPaneContract::IzelPaneDirection_LeavePane(ZEL_Controls_WizardDirections 
     bool bCancel = false;
     t.Run([&] { emit LeavePane(eDirection, bCancel); });
     return !bCancel;
+}
+
+void zelPaneContract::SetBackColor(quint32 v)
+{
+    Let(
+        "BackColor", m_backColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
+}
+
+void zelPaneContract::SetForeColor(quint32 v)
+{
+    Let(
+        "ForeColor", m_foreColor, [&] { return zel::CColour(QVariant::fromValue(v)); }, [] {});
+}
+
+void zelPaneContract::SetFont(const QFont &v)
+{
+    zel::Trail t(this, "Font Set");
+    t.Run([&] {
+        setFont(v);
+        emit PropertyChanged(QStringLiteral("Font"));
+    });
+}
+
+void zelPaneContract::Refresh(quint32 what)
+{
+    if (what & RefreshPaneColours)
+        ApplyColours();
+}
+
+void zelPaneContract::ApplyColours()
+{
+    QWidget *w = ColouredWidget();
+    QPalette pal = w->palette();
+    pal.setColor(QPalette::Window, zel::ToQColor(m_backColor));
+    pal.setColor(QPalette::WindowText, zel::ToQColor(m_foreColor));
+    w->setPalette(pal);
+}
+
+void zelPaneContract::ReadProperties(zelPropertyBag &bag)
+{
+    zelPropertyHost::ReadProperties(bag);
+    zel::Trail t(this, "UserControl_ReadProperties");
+    t.Step = QStringLiteral("Reading Font");
+    t.Run([&] {
+        const QVariant v = bag.ReadProperty(QStringLiteral("Font"), QString());
+        QFont f;
+        if (v.toString().isEmpty())
+            return;
+        if (v.metaType().id() != QMetaType::QString || !f.fromString(v.toString()))
+            throw zelError(zelError::TypeMismatch, t.Name(), QStringLiteral("Not a font"));
+        setFont(f);
+    });
+}
+
+void zelPaneContract::WriteProperties(zelPropertyBag &bag) const
+{
+    zelPropertyHost::WriteProperties(bag);
+    // A font of its own only: the form's font is the default.
+    bag.WriteProperty(QStringLiteral("Font"),
+                      testAttribute(Qt::WA_SetFont) ? font().toString() : QString(), QString());
 }

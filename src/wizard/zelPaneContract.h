@@ -23,6 +23,7 @@
 #include "wizard/zelWizardEnums.h"
 #include "zelCtrlExport.h"
 
+#include <QFont>
 #include <QString>
 #include <QVariant>
 #include <QWidget>
@@ -101,6 +102,9 @@ class ZELCTRL_EXPORT zelPaneContract : public QWidget,
     Q_PROPERTY(QString HeaderDescription READ HeaderDescription WRITE SetHeaderDescription)
     Q_PROPERTY(QVariant Enabled READ Enabled WRITE SetEnabled)
     Q_PROPERTY(QVariant Visible READ Visible WRITE SetVisible)
+    Q_PROPERTY(QVariant BackColor READ BackColor WRITE SetBackColor)
+    Q_PROPERTY(QVariant ForeColor READ ForeColor WRITE SetForeColor)
+    Q_PROPERTY(QFont Font READ Font WRITE SetFont)
 
 public:
     ~zelPaneContract() override;
@@ -177,6 +181,23 @@ public:
     void SetVisible(bool v);
     ZEL_LATE_BOUND(Visible)
 
+    // The look every pane of the library shares. By default the system
+    // window colour 0x80000005 and button-text colour 0x80000012, and the
+    // font of the form the pane sits on.
+    quint32 BackColor() const { return m_backColor; }
+    void SetBackColor(quint32 v);
+    ZEL_LATE_BOUND(BackColor)
+    quint32 ForeColor() const { return m_foreColor; }
+    void SetForeColor(quint32 v);
+    ZEL_LATE_BOUND(ForeColor)
+    QFont Font() const { return font(); }
+    void SetFont(const QFont &v);
+
+    // The font is stored as Qt writes it, and only when the pane has one of
+    // its own.
+    void ReadProperties(zelPropertyBag &bag) override;
+    void WriteProperties(zelPropertyBag &bag) const override;
+
     bool IzelPaneDirection_EnterPane(ZEL_Controls_WizardDirections eDirection) override;
     bool IzelPaneDirection_LeavePane(ZEL_Controls_WizardDirections eDirection) override;
 
@@ -197,6 +218,17 @@ protected:
 
     const QObject *PropertyOwner() const override { return this; }
     void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    void Refresh(quint32 what) override;
+
+    // The widget that shows BackColor and ForeColor: the pane itself unless
+    // a control says otherwise. A control calls ApplyColours once its
+    // widgets exist.
+    virtual QWidget *ColouredWidget() { return this; }
+    void ApplyColours();
+    enum : quint32
+    {
+        RefreshPaneColours = 0x10000
+    };
 
 private:
     void letButton(const char *name, bool &member, bool v);
@@ -222,4 +254,6 @@ private:
     QString m_headerDescription;
     bool m_enabled = true;
     bool m_visible = true;
+    quint32 m_backColor = 0x80000005;
+    quint32 m_foreColor = 0x80000012;
 };
