@@ -145,7 +145,10 @@ int main(int argc, char **argv)
                 std::printf("%s\n", qPrintable(more));
             }
             // A drop-down is a window of its own: the screen holds both.
+            // Only combos one can see: a pane the wizard has not shown yet holds some.
             for (zelRecordCombo *combo : tabs->currentWidget()->findChildren<zelRecordCombo *>()) {
+                if (!combo->isVisible())
+                    continue;
                 combo->ShowDropDown();
                 QApplication::processEvents();
                 const QString open = QString(file).replace(QStringLiteral(".png"),
