@@ -41,6 +41,8 @@ signals:
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
 
 protected:
+    // The contract's Refresh(what) stays beside the host's Refresh().
+    using zelPaneContract::Refresh;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
