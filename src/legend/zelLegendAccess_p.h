@@ -3,6 +3,7 @@
 // What only the legend editors reach in their items: the identity number
 // behind Key and the source text of a value entry.
 
+#include "core/zelKeyedCollection.h"
 #include "legend/zelRangeItem.h"
 #include "legend/zelValueItem.h"
 
@@ -36,5 +37,34 @@ struct zelLegendAccess
         to.m_value = from.m_value;
         to.m_color = from.m_color;
         to.m_label = from.m_label;
+    }
+};
+
+// What an undo puts back: a copy of every item, field by field, and the
+// item objects themselves, so that those a host holds come back as they were.
+template <typename T> struct zelLegendSnapshot
+{
+    std::vector<std::shared_ptr<T>> copies, objects;
+
+    static zelLegendSnapshot Take(const zel::zelKeyedCollection<T> &items)
+    {
+        zelLegendSnapshot s;
+        s.objects.reserve(size_t(items.Count()));
+        s.copies.reserve(size_t(items.Count()));
+        for (const auto &item : items) {
+            auto copy = std::make_shared<T>();
+            zelLegendAccess::Restore(*copy, *item);
+            s.objects.push_back(item);
+            s.copies.push_back(std::move(copy));
+        }
+        return s;
+    }
+    void PutBack(zel::zelKeyedCollection<T> &items) const
+    {
+        items.Clear();
+        for (size_t i = 0; i < copies.size(); ++i) {
+            zelLegendAccess::Restore(*objects[i], *copies[i]);
+            items.Add(objects[i], objects[i]->Key());
+        }
     }
 };

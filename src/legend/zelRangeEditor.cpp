@@ -20,11 +20,10 @@ using Column = zelLegendEditor::Column;
 
 const QString kTitle = QStringLiteral("Invalid Data");
 
-// What an undo puts back: field by field copies of every range, the range
-// objects themselves (so that those a host holds come back) and the boxes.
+// What an undo puts back: the ranges and the two boxes.
 struct Saved
 {
-    std::vector<std::shared_ptr<zelRangeItem>> copies, objects;
+    zelLegendSnapshot<zelRangeItem> ranges;
     bool interpolate = true;
     bool includeLowerBound = true;
 };
@@ -404,24 +403,14 @@ void zelRangeEditor::Remove()
 
 std::any zelRangeEditor::SaveItems() const
 {
-    Saved saved{{}, Items(), m_interpolate, m_includeLowerBound};
-    saved.copies.reserve(saved.objects.size());
-    for (const auto &item : saved.objects) {
-        auto copy = std::make_shared<zelRangeItem>();
-        zelLegendAccess::Restore(*copy, *item);
-        saved.copies.push_back(std::move(copy));
-    }
-    return saved;
+    return Saved{zelLegendSnapshot<zelRangeItem>::Take(m_items), m_interpolate,
+                 m_includeLowerBound};
 }
 
 void zelRangeEditor::RestoreItems(const std::any &state)
 {
     const auto &saved = std::any_cast<const Saved &>(state);
-    m_items.Clear();
-    for (size_t i = 0; i < saved.copies.size(); ++i) {
-        zelLegendAccess::Restore(*saved.objects[i], *saved.copies[i]);
-        m_items.Add(saved.objects[i], saved.objects[i]->Key());
-    }
+    saved.ranges.PutBack(m_items);
     RefreshIndices(1);
     m_interpolate = saved.interpolate;
     m_chkInterpolate->setChecked(m_interpolate);
