@@ -19,6 +19,7 @@ struct Token
         Point,
         Percent,
         Exponent,
+        Comma, // grouping or scaling, decided once the section is read
     } kind;
     QString text;       // the literal, or "E+" / "E-" / "e+" / "e-"
     QChar digit = {};   // '0' or '#'
@@ -96,7 +97,7 @@ Section parse(const QString &s)
         } else if (c == QLatin1Char(',') && !frac && !exp) {
             // Between digit placeholders it groups; before the point or the
             // end of the digits it scales (decided once all is read).
-            sec.tokens.push_back({Token::Literal, QStringLiteral("\x01")});
+            sec.tokens.push_back({Token::Comma, {}});
         } else if (c == QLatin1Char('%')) {
             ++sec.percents;
             sec.tokens.push_back({Token::Percent, QStringLiteral("%")});
@@ -115,7 +116,7 @@ Section parse(const QString &s)
     std::vector<Token> kept;
     for (size_t i = 0; i < sec.tokens.size(); ++i) {
         Token &t = sec.tokens[i];
-        if (t.kind == Token::Literal && t.text == QLatin1String("\x01")) {
+        if (t.kind == Token::Comma) {
             bool digitBefore = false, digitAfter = false;
             for (size_t j = 0; j < i; ++j)
                 digitBefore = digitBefore || sec.tokens[j].kind == Token::Digit;
@@ -132,7 +133,7 @@ Section parse(const QString &s)
             else if (digitBefore)
                 ++sec.scale;
             else
-                literal(QStringLiteral(","));
+                kept.push_back({Token::Literal, QStringLiteral(",")});
             continue;
         }
         kept.push_back(t);
@@ -223,6 +224,7 @@ QString render(const Section &sec, double v)
         switch (t.kind) {
         case Token::Literal:
         case Token::Percent:
+        case Token::Comma:
             out += t.text;
             break;
         case Token::Point:
