@@ -101,6 +101,8 @@ protected:
     explicit zelLegendEditor(QWidget *parent);
 
     void MarkChanged(const QString &name) override { emit PropertyChanged(name); }
+    // What a property change refreshes, beside the grid's own Refresh().
+    using zelPropertyHost::Refresh;
 
     // ---- What an editor tells the grid --------------------------------
     virtual int GridRows() const = 0;
