@@ -1,4 +1,5 @@
 #include "zelDesignerPlugin.h"
+#include "zelDesignerTaskMenu.h"
 
 #include "core/zelError.h"
 #include "core/zelTrail.h"
@@ -13,6 +14,9 @@
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QExtensionManager>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -46,7 +50,22 @@ const zelDesignerEntry kEntries[] = {
      "Legend of contiguous numeric ranges with values, colours and labels", 4800, 3000},
     {"zelValueEditor", "legend/zelValueEditor.h",
      "Legend of unique source values with values, colours and labels", 4800, 3000},
+    {"zelToolbarCtrl", "toolbars/zelToolbarCtrl.h",
+     "Toolbars and menus of the main window it is placed on; shows nothing at run time", 1200,
+     480},
+    {"zelWizard", "wizard/zelWizard.h",
+     "Wizard that shows one pane at a time with Back, Next, Finish and Cancel; drop panes into it",
+     9000, 6000},
+    {"zelPane", "wizard/zelPane.h",
+     "One step of a wizard: draw its widgets on it and chain it to the next pane by name", 6000,
+     4500},
+    {"zelFileExp", "files/zelFileExp.h",
+     "Folder tree and filtered file list with a splitter; a file-choosing step of a wizard",
+     7500, 4500},
 };
+
+// Controls that take other widgets: panes go into a wizard, a step's widgets onto a pane.
+const char *const kContainers[] = {"zelWizard", "zelPane"};
 
 const QString kGroup = QStringLiteral("zelCtrl");
 // Where the platform keeps the UserMode mark (a dynamic property).
@@ -91,7 +110,8 @@ QIcon zelDesignerWidget::icon() const
 
 bool zelDesignerWidget::isContainer() const
 {
-    return false;
+    return std::any_of(std::begin(kContainers), std::end(kContainers),
+                       [this](const char *c) { return qstrcmp(c, m_entry.Name) == 0; });
 }
 
 QWidget *zelDesignerWidget::createWidget(QWidget *parent)
@@ -170,6 +190,10 @@ void zelDesignerCollection::Watch(QDesignerFormEditorInterface *core)
     if (m_watched.contains(core))
         return;
     m_watched.append(core);
+    // "Edit Pane..." and "Edit Wizard..." in the task menu of those controls.
+    if (QExtensionManager *manager = core->extensionManager())
+        manager->registerExtensions(new zelPageTaskMenuFactory(manager),
+                                    Q_TYPEID(QDesignerTaskMenuExtension));
     QDesignerFormWindowManagerInterface *forms = core->formWindowManager();
     if (!forms)
         return;

@@ -10,6 +10,7 @@
 #include "core/mLog.h"
 #include "lists/zelRecordCombo.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCommandLineParser>
@@ -131,8 +132,23 @@ int main(int argc, char **argv)
                 return 1;
             }
             std::printf("%s\n", qPrintable(file));
+            // A page may show more states: each action "zelShot-<name>" is one more shot.
+            for (QAction *state : tabs->currentWidget()->findChildren<QAction *>()) {
+                if (!state->objectName().startsWith(QLatin1String("zelShot-")))
+                    continue;
+                state->trigger();
+                QApplication::processEvents();
+                const QString more = QString(file).replace(
+                    QStringLiteral(".png"), state->objectName().mid(7) + QStringLiteral(".png"));
+                if (!window.grab().save(more))
+                    return 1;
+                std::printf("%s\n", qPrintable(more));
+            }
             // A drop-down is a window of its own: the screen holds both.
+            // Only combos one can see: a pane the wizard has not shown yet holds some.
             for (zelRecordCombo *combo : tabs->currentWidget()->findChildren<zelRecordCombo *>()) {
+                if (!combo->isVisible())
+                    continue;
                 combo->ShowDropDown();
                 QApplication::processEvents();
                 const QString open = QString(file).replace(QStringLiteral(".png"),

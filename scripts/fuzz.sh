@@ -8,7 +8,7 @@ set -euo pipefail
 runs=${1:-1000000}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(jsonbag inibag inputbox datetext setproperty columnstring numberformat)
+[ ${#targets[@]} -gt 0 ] || targets=(jsonbag inibag inputbox datetext setproperty columnstring syncsettings toolbarlayout numberformat)
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 
@@ -34,7 +34,7 @@ for t in "${targets[@]}"; do
     scratch=$(mktemp -d)
     log="$out/fuzz_$t.log"
     # Stores get room for a few dozen keys; typed text and writes stay short.
-    case $t in *bag) max_len=1024 ;; *) max_len=64 ;; esac
+    case $t in *bag|syncsettings) max_len=1024 ;; *) max_len=64 ;; esac
     start=$(date +%s)
     if ! "build-fuzz/fuzz/fuzz_$t" -runs="$runs" -timeout=10 -rss_limit_mb=2048 -detect_leaks=0 -entropic=0 -max_len=$max_len \
         -artifact_prefix="$out/fuzz_$t-" -print_final_stats=1 "$scratch" "fuzz/corpus/$t" >"$log" 2>&1; then

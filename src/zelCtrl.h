@@ -38,6 +38,12 @@
 #include "grid/zelGridRow.h"
 #include "grid/zelGridRows.h"
 
+#include "files/zelFile.h"
+#include "files/zelFileExp.h"
+#include "files/zelFileFilter.h"
+#include "files/zelFileFilters.h"
+#include "files/zelFileList.h"
+
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
@@ -46,3 +52,20 @@
 #include "legend/zelRangeItem.h"
 #include "legend/zelValueEditor.h"
 #include "legend/zelValueItem.h"
+
+#include "syncfolders/frmSyncFolder.h"
+#include "syncfolders/zelSyncEngine.h"
+#include "syncfolders/zelSyncFolder.h"
+#include "syncfolders/zelSyncFolderList.h"
+#include "syncfolders/zelSyncFolders.h"
+
+#include "toolbars/zelToolbarCtrl.h"
+#include "toolbars/zelToolbarEnums.h"
+#include "toolbars/zelToolbarLayout.h"
+
+#include "wizard/zelPane.h"
+#include "wizard/zelPaneContract.h"
+#include "wizard/zelPaneInterfaces.h"
+#include "wizard/zelWizard.h"
+#include "wizard/zelWizardEnums.h"
+#include "wizard/zelWizardLayout.h"

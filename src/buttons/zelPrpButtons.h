@@ -43,7 +43,16 @@ public:
 signals:
     void Add();
     void Remove();
+    // Hiding the bar's Properties table here is deliberate: the event keeps
+    // its name and hosts connect to &zelPrpButtons::Properties unambiguously.
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Woverloaded-virtual"
+#endif
     void Properties();
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
     void Help();
     // Index 0 to 3 of the option button clicked.
     void OptionButton(qint32 Index);

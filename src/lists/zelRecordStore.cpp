@@ -125,13 +125,26 @@ void zelRecordStore::grow()
     if ((m_slots.size() >> 1) > size_t(RecordCount()))
         return;
     catchUp();
-    std::vector<Slot> old(std::max<size_t>(16, m_slots.size() * 2));
-    old.swap(m_slots);
-    // Every key goes in again, in one pass that overlaps their misses.
-    for (const Slot &s : old)
-        if (s.entry)
-            m_pending.push_back(s);
-    catchUp();
+    const size_t oldSize = m_slots.size();
+    std::vector<Slot> fresh(std::max<size_t>(16, oldSize * 2));
+    const size_t mask = fresh.size() - 1;
+    // The old table is walked from an empty slot, so that no run of keys
+    // wraps past the start of the walk: keys then come in the order of
+    // their homes, and the new table fills front to back in two streams
+    // instead of at random.
+    size_t start = 0;
+    while (start < oldSize && m_slots[start].entry)
+        ++start;
+    for (size_t k = 1; k <= oldSize; ++k) {
+        const Slot &s = m_slots[(start + k) & (oldSize - 1)];
+        if (!s.entry)
+            continue;
+        size_t i = s.hash & mask;
+        while (fresh[i].entry)
+            i = (i + 1) & mask;
+        fresh[i] = s;
+    }
+    m_slots.swap(fresh);
 }
 
 void zelRecordStore::unindex(int n)

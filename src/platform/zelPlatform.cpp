@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -90,6 +91,16 @@ bool Platform::ChooseColor(quint32 &colour, QWidget *parent)
 QString Platform::ChooseOpenFile(const QString &title, const QString &filter, QWidget *parent)
 {
     return QFileDialog::getOpenFileName(parent, title, QString(), filter);
+}
+
+QString Platform::ChooseFolder(const QString &title, const QString &start, QWidget *parent)
+{
+    return QFileDialog::getExistingDirectory(parent, title, start);
+}
+
+int Platform::RunDialog(QDialog &dialog)
+{
+    return dialog.exec();
 }
 
 double Platform::TwipsPerPixel()

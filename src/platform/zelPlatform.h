@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class QDialog;
 class QWidget;
 class QPalette;
 
@@ -46,6 +47,12 @@ public:
     // An open-file dialog; an empty answer means cancelled.
     virtual QString ChooseOpenFile(const QString &title, const QString &filter,
                                    QWidget *parent = nullptr);
+    // A folder dialog opened at start; an empty answer means cancelled.
+    virtual QString ChooseFolder(const QString &title, const QString &start,
+                                 QWidget *parent = nullptr);
+    // Runs one of the library's own forms modally and answers its result
+    // (QDialog::Accepted or Rejected).
+    virtual int RunDialog(QDialog &dialog);
 
     // Twips per pixel of the screen (1440 / logical DPI: 15 at 96 DPI).
     virtual double TwipsPerPixel();

@@ -14,9 +14,11 @@
 #include <QObject>
 #include <QPalette>
 #include <QPointer>
+#include <QStringList>
 #include <QVariantList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class zelFakePlatform : public zel::Platform
@@ -41,6 +43,14 @@ public:
     QList<quint32> colorDialogPresets;
 
     double twipsPerPixel = 15.0;
+
+    // The folder dialog: answers taken in turn (none left: cancelled), and
+    // the titles it was opened with.
+    QStringList folderAnswers;
+    QStringList folderTitles;
+    // The library's modal forms: never run under a test; the form is handed
+    // here instead, and what this answers is the form's result.
+    std::function<int(QDialog &)> dialogAnswer;
 
     void MessageBox(const QString &text, const QString &title, QWidget *) override
     {
@@ -68,6 +78,12 @@ public:
     }
     // No file dialog ever opens under a test.
     QString ChooseOpenFile(const QString &, const QString &, QWidget *) override { return {}; }
+    QString ChooseFolder(const QString &title, const QString &, QWidget *) override
+    {
+        folderTitles.append(title);
+        return folderAnswers.isEmpty() ? QString() : folderAnswers.takeFirst();
+    }
+    int RunDialog(QDialog &dialog) override { return dialogAnswer ? dialogAnswer(dialog) : 0; }
     double TwipsPerPixel() override { return twipsPerPixel; }
 };
 

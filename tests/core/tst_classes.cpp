@@ -115,6 +115,9 @@ struct Subject
     {
         if (!o)
             qFatal("no class answers to %s", qPrintable(progId));
+        // Values a designer stores read back as written there only.
+        if (o->metaObject()->indexOfClassInfo("DesignTimeProperties") >= 0)
+            zel::SetUserMode(&form, false);
         className = QString::fromLatin1(o->metaObject()->className());
         if (auto *w = qobject_cast<QWidget *>(o))
             w->resize(300, 60);
@@ -123,7 +126,15 @@ struct Subject
     }
     // Persisted through its description; the grid keeps its own store keys.
     zelPersistable *persistable() const { return dynamic_cast<zelPropertyHost *>(o); }
-    QVariant get(const QString &name) const { return zel::GetProperty(o, name); }
+    // What the object holds: through its description where a getter computes
+    // from other properties (a pane's CouldFinish), else by name.
+    QVariant get(const QString &name) const
+    {
+        if (auto *host = dynamic_cast<zelPropertyHost *>(o))
+            if (const zel::zelPropertyDecl *d = host->Properties().Find(name))
+                return d->Get(o);
+        return zel::GetProperty(o, name);
+    }
 };
 
 // Sets a property by name to the first value tried that it takes and reads
@@ -193,12 +204,14 @@ private slots:
         zelTestScope scope;
         Subject s(progId);
         const QList<Property> props = propertiesOf(s.o);
-        QVERIFY(!props.isEmpty());
+        // An interface class keeps nothing; one may declare no property at all.
+        const bool inert = s.o->metaObject()->indexOfClassInfo("Interface") >= 0;
+        QVERIFY(!props.isEmpty() || inert);
         for (const Property &p : props)
             QVERIFY2(zel::GetProperty(s.o, p.name.toUpper()).isValid() || p.kind == Kind::Variant,
                      qPrintable(p.name));
         for (const Property &p : props) {
-            if (!p.writable)
+            if (!p.writable || inert)
                 continue;
             Subject fresh(progId);
             const QVariant v = chooseValue(fresh, p);

@@ -14,6 +14,8 @@
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
 #ifdef ZEL_HAVE_FORM_EDITOR
+#include "wizard/zelWizard.h"
+#include <QAbstractButton>
 #include <QBuffer>
 #include <QUiLoader>
 #include <QtDesigner/QDesignerComponents>
@@ -23,6 +25,7 @@
 #include <QtDesigner/QDesignerIntegration>
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QExtensionManager>
 #endif
 
@@ -123,7 +126,9 @@ private slots:
         for (const QString &progId : zel::RegisteredProgIds()) {
             const bool ours = progId.startsWith(QLatin1String("zelCtrl."));
             std::unique_ptr<QObject> object(ours ? zel::CreateObject(progId) : nullptr);
-            if (qobject_cast<QWidget *>(object.get()))
+            // A property page is a widget of the designer's, not a control.
+            const bool page = object && object->metaObject()->indexOfClassInfo("PropertyPage") >= 0;
+            if (qobject_cast<QWidget *>(object.get()) && !page)
                 controls << progId.mid(8);
         }
         controls.sort();
@@ -152,6 +157,8 @@ private slots:
         row("zelTreeList", "HeaderVisible", false);
         row("zelRangeEditor", "SrcFormat", QStringLiteral("#,##0.0"));
         row("zelValueEditor", "ShowLabel", true);
+        row("zelFileExp", "ShowFilters", true);
+        row("zelToolbarCtrl", "IgnoreEvents", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()
@@ -194,6 +201,50 @@ private slots:
         QCOMPARE(zelLoggedErrors(), 0);
     }
 
+    // Panes dropped into a wizard stay in it through a save and a load, and
+    // the saved form runs: the first pane shown, Next to the second.
+    void wizardKeepsItsPanes()
+    {
+        zelTestScope scope;
+        std::unique_ptr<QDesignerFormWindowInterface> form(
+            m_core->formWindowManager()->createFormWindow());
+        auto pane = [](const char *name, const char *next) {
+            return QStringLiteral("<widget class=\"zelPane\" name=\"%1\">"
+                                  "<property name=\"Pane\"><string>%1</string></property>"
+                                  "<property name=\"NextPane\"><string>%2</string></property>"
+                                  "</widget>")
+                .arg(name, next);
+        };
+        form->setContents(QStringLiteral("<ui version=\"4.0\"><class>Form</class>"
+                                         "<widget class=\"QWidget\" name=\"Form\">"
+                                         "<widget class=\"zelWizard\" name=\"wizard\">%1%2"
+                                         "</widget></widget></ui>")
+                              .arg(pane("A", "B"), pane("B", "")));
+        auto *designed = form->mainContainer()->findChild<QWidget *>(QStringLiteral("A"));
+        QVERIFY(designed);
+        auto *menu =
+            qt_extension<QDesignerTaskMenuExtension *>(m_core->extensionManager(), designed);
+        QVERIFY(menu);
+        QCOMPARE(menu->preferredEditAction()->text(), QStringLiteral("Edit Pane..."));
+
+        QUiLoader loader;
+        QBuffer buffer;
+        buffer.setData(form->contents().toUtf8());
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        std::unique_ptr<QWidget> built(loader.load(&buffer));
+        QVERIFY2(built, qPrintable(loader.errorString()));
+        auto *wizard = built->findChild<zelWizard *>(QStringLiteral("wizard"));
+        QVERIFY(wizard);
+        QStringList panes;
+        for (QWidget *w : wizard->ContainedControls())
+            panes << w->objectName();
+        QCOMPARE(panes, QStringList({"A", "B"}));
+        built->show();
+        QCOMPARE(wizard->CurrentPane(), QStringLiteral("A"));
+        wizard->findChild<QAbstractButton *>(QStringLiteral("cmdNext"))->click();
+        QCOMPARE(wizard->CurrentPane(), QStringLiteral("B"));
+        QCOMPARE(zelLoggedErrors(), 0);
+    }
 #endif
 
 private:

@@ -3,6 +3,7 @@
 
 #include "lists/zelColumnString.h"
 #include "lists/zelComboRecords.h"
+#include "lists/zelRecordStore.h"
 #include "platform/zelLateBinding.h"
 #include "zelFakePlatform.h"
 #include "zelTestData.h"
@@ -41,6 +42,7 @@ private slots:
     void records();
     void removeRecordWalk_data();
     void removeRecordWalk();
+    void keysSurviveGrowth();
 };
 
 void tst_zelListsCore::parseColumns_data()
@@ -176,3 +178,19 @@ void tst_zelListsCore::removeRecordWalk()
 
 QTEST_MAIN(tst_zelListsCore)
 #include "tst_zelListsCore.moc"
+
+// The key table grows many times over a fill; every key must still be
+// found afterwards, a key taken in another letter case refused, and a
+// removed key gone, however the growth reordered the table.
+void tst_zelListsCore::keysSurviveGrowth()
+{
+    zel::zelRecordStore store;
+    const int n = 20000;
+    for (int i = 0; i < n; ++i)
+        QCOMPARE(store.Create(QStringLiteral("Key%1").arg(i), QString()), i + 1);
+    QCOMPARE(store.Create(QStringLiteral("KEY77"), QString()), 0);
+    store.Remove(5001);
+    for (int i = 0; i < n; ++i)
+        QCOMPARE(store.Find(QStringLiteral("kEY%1").arg(i)), i == 5000 ? 0 : i + 1);
+    QCOMPARE(store.Create(QStringLiteral("key5000"), QString()), n + 1);
+}
