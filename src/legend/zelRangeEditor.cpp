@@ -202,8 +202,13 @@ std::shared_ptr<zelRangeItem> zelRangeEditor::Create(double dMax, const QVariant
 
 qint32 zelRangeEditor::FindSplit(double dMax) const
 {
+    // A host classifying from the lowest break up splits the last range
+    // each time: that one is tried first.
+    const qint32 n = m_items.Count();
+    if (n > 1 && m_items.ItemAt(n)->IsMax() && m_items.ItemAt(n - 1)->Max() < dMax)
+        return n;
     // The ranges ascend, so the first that holds dMax is found by halving.
-    qint32 lo = 1, hi = m_items.Count() + 1;
+    qint32 lo = 1, hi = n + 1;
     while (lo < hi) {
         const qint32 mid = lo + (hi - lo) / 2;
         const auto &item = m_items.ItemAt(mid);
@@ -212,7 +217,7 @@ qint32 zelRangeEditor::FindSplit(double dMax) const
         else
             lo = mid + 1;
     }
-    return lo <= m_items.Count() ? lo : 0;
+    return lo <= n ? lo : 0;
 }
 
 std::shared_ptr<zelRangeItem> zelRangeEditor::Split(double dMax, const QVariant &vValue,
