@@ -46,6 +46,10 @@ const zelDesignerEntry kEntries[] = {
 #endif
     {"zelTreeList", "lists/zelTreeList.h",
      "Multi-column tree of keyed records with pictures, expanded by key or by depth", 3600, 2400},
+    {"zelRangeEditor", "legend/zelRangeEditor.h",
+     "Legend of contiguous numeric ranges with values, colours and labels", 4800, 3000},
+    {"zelValueEditor", "legend/zelValueEditor.h",
+     "Legend of unique source values with values, colours and labels", 4800, 3000},
     {"zelToolbarCtrl", "toolbars/zelToolbarCtrl.h",
      "Toolbars and menus of the main window it is placed on; shows nothing at run time", 1200,
      480},

@@ -155,6 +155,8 @@ private slots:
         row("zelCombo", "Sorted", true);
         row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
+        row("zelRangeEditor", "SrcFormat", QStringLiteral("#,##0.0"));
+        row("zelValueEditor", "ShowLabel", true);
         row("zelFileExp", "ShowFilters", true);
         row("zelToolbarCtrl", "IgnoreEvents", true);
     }
