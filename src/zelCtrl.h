@@ -14,6 +14,8 @@
 #include "core/zelError.h"
 #include "core/zelFieldFrame.h"
 #include "core/zelKeyedCollection.h"
+#include "core/zelMissing.h"
+#include "core/zelNumberFormat.h"
 #include "core/zelShared.h"
 #include "core/zelTrail.h"
 
@@ -39,3 +41,8 @@
 #include "lists/zelCombo.h"
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
+
+#include "legend/zelRangeEditor.h"
+#include "legend/zelRangeItem.h"
+#include "legend/zelValueEditor.h"
+#include "legend/zelValueItem.h"
