@@ -3,6 +3,9 @@
 // may hang or go wrong on, and the classifier's answers to bad input.
 
 #include "legend/zelBreaks.h"
+#include "legend/zelClassifier.h"
+#include "legend/zelRangeEditor.h"
+#include "platform/zelLateBinding.h"
 #include "zelFakePlatform.h"
 #include "zelTestData.h"
 
@@ -46,6 +49,21 @@ double bestByEveryCut(const std::vector<double> &x, int k)
         best = std::min(best, total);
     }
     return best;
+}
+
+// The ranges as the grid shows them, "Min-5.00|5.00-Max", their labels, or
+// where the chain of bounds, the open ends or the class numbers break.
+QString layout(const zelRangeEditor &e, bool labels = false)
+{
+    QStringList rows;
+    for (qint32 i = 1; i <= e.Count(); ++i) {
+        const auto r = e.Item(i);
+        if ((i > 1 && e.Item(i - 1)->Max() != r->Min()) || r->IsMin() != (i == 1) ||
+            r->IsMax() != (i == e.Count()))
+            return QStringLiteral("broken at %1").arg(i);
+        rows << (labels ? r->Label() : e.CellText(i - 1, 0) + '-' + e.CellText(i - 1, 1));
+    }
+    return rows.join('|');
 }
 
 } // namespace
@@ -148,6 +166,75 @@ private slots:
                              qPrintable(QStringLiteral("method %1").arg(method)));
             }
         }
+    }
+
+    // Through the late-bound edge, as a script fills a legend. The editor
+    // held "Min-5.00|5.00-Max" before; what cannot be classed leaves it so.
+    void fillsTheEditor_data()
+    {
+        zelColumns<int, bool, QVariantList, int, QString, QString, QStringList>(
+            {"method", "lower", "values", "classes", "ranges", "labels", "errors"});
+        const QVariantList seven{1, 2, 3, 10, 11, 12, 50}, six{0, 20, 40, 60, 80, 100};
+        const QString fill = QStringLiteral("zelClassifier.Fill");
+        const QString fifths = "Min-20.00|20.00-40.00|40.00-60.00|60.00-80.00|80.00-Max";
+        const int natural = ZEL_Classify_NaturalBreaks, equal = ZEL_Classify_EqualInterval;
+        zelRow("natural breaks", natural, true, seven, 3,
+               QString("Min-10.00|10.00-50.00|50.00-Max"),
+               QString("1.00 - 10.00|10.00 - 50.00|50.00 - 50.00"), QStringList());
+        zelRow("upper bounds included", natural, false, seven, 3,
+               QString("Min-3.00|3.00-12.00|12.00-Max"),
+               QString("1.00 - 3.00|3.00 - 12.00|12.00 - 50.00"), QStringList());
+        zelRow("no values", natural, true, QVariantList(), 3, QString("Min-5.00|5.00-Max"),
+               QString("|"), QStringList{fill});
+        zelRow("one value", natural, true, QVariantList{7}, 3, QString("Min-Max"),
+               QString("7.00 - 7.00"), QStringList{fill});
+        zelRow("fewer distinct values", equal, true, QVariantList{2, 2, 4, 4, 6}, 5,
+               QString("Min-4.00|4.00-6.00|6.00-Max"),
+               QString("2.00 - 4.00|4.00 - 6.00|6.00 - 6.00"), QStringList{fill});
+        zelRow("not numbers among them", natural, true,
+               QVariantList{qQNaN(), 1, "abc", 2, qInf(), 10, 11}, 2,
+               QString("Min-10.00|10.00-Max"), QString("1.00 - 10.00|10.00 - 11.00"),
+               QStringList{fill});
+        zelRow("no class", equal, true, six, 0, fifths,
+               QString("0.00 - 20.00|20.00 - 40.00|40.00 - 60.00|60.00 - 80.00|80.00 - 100.00"),
+               QStringList{"zelClassifier.ClassCount Let"});
+        zelRow("a million classes", equal, true, six, 1000000, fifths,
+               QString("0.00 - 20.00|20.00 - 40.00|40.00 - 60.00|60.00 - 80.00|80.00 - 100.00"),
+               QStringList{"zelClassifier.ClassCount Let"});
+    }
+    void fillsTheEditor()
+    {
+        const auto [method, lower, values, classes] =
+            zelFetch<int, bool, QVariantList, int>({"method", "lower", "values", "classes"});
+        zelTestScope scope;
+        zelRangeEditor editor;
+        editor.Create(9, 1);
+        editor.Create(5, 2, false, 0, QStringLiteral(""));
+        editor.SetIncludeLowerBound(lower);
+        QObject *c = zel::CreateObject(QStringLiteral("zelCtrl.zelClassifier"), &editor);
+        QVERIFY(c);
+        zel::SetProperty(c, "Method", method);
+        zel::SetProperty(c, "StartColor", 0);
+        zel::SetProperty(c, "EndColor", 0x20FF40);
+        zel::SetProperty(c, "ClassCount", classes);
+        const bool filled =
+            zel::CallByName(c, "Fill", {QVariant::fromValue<QObject *>(&editor), values}).toBool();
+        QTEST(layout(editor), "ranges");
+        QTEST(layout(editor, true), "labels");
+        QStringList errors;
+        for (const QVariantList &e : std::as_const(zelCaptureLogger::errors))
+            errors << e.value(2).toString();
+        QTEST(errors, "errors");
+        QCOMPARE(filled, !values.isEmpty());
+        if (!filled)
+            return;
+        QCOMPARE(editor.MinRange()->Color(), 0u);
+        QCOMPARE(editor.MaxRange()->Color(), editor.Count() > 1 ? 0x20FF40u : 0u);
+        for (qint32 i = 1; i <= editor.Count(); ++i)
+            QCOMPARE(editor.Item(i)->Value().toInt(), i);
+        if (editor.Count() == 3)
+            QCOMPARE(editor.Item(2)->Color(), 0x108020u);
+        QCOMPARE(scope.fake().messages.size(), 0);
     }
 };
 
