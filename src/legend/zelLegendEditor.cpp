@@ -77,7 +77,6 @@ zelLegendEditor::zelLegendEditor(QWidget *parent)
     m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
     m_grid->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed |
                             QAbstractItemView::SelectedClicked);
-    m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->verticalHeader()->setDefaultSectionSize(zel::TwipsToPixels(285));
     connect(m_grid, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex &i) { extRanges_DblClick(i.row(), i.column()); });
@@ -292,6 +291,10 @@ void zelLegendEditor::ApplyColumnVisibility()
         const Column c = m_columns[i];
         m_grid->setColumnHidden(int(i), (c == Column::Value && !m_showValue) ||
                                             (c == Column::Label && !m_showLabel));
+        // The label takes the room left, or the style while it is hidden.
+        const bool stretch = c == (m_showLabel ? Column::Label : Column::Style);
+        m_grid->horizontalHeader()->setSectionResizeMode(
+            int(i), stretch ? QHeaderView::Stretch : QHeaderView::Interactive);
     }
 }
 
