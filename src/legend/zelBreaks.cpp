@@ -53,18 +53,20 @@ Weighted weigh(std::span<const double> sorted)
         }
         count.back() += 1;
     }
-    // Scaled into [-1, 1] first: neither the centring nor the squares can
-    // overflow, and the best partition does not change with the scale.
-    const double scale = std::max(std::abs(sorted.front()), std::abs(sorted.back()));
+    // Scaled by a power of two into [-2, 2] first, which is exact: neither
+    // the centring nor the squares can overflow or underflow, and the best
+    // partition does not change with the scale.
+    const double most = std::max(std::abs(sorted.front()), std::abs(sorted.back()));
+    const int e = most > 0 ? std::ilogb(most) : 0;
     double mean = 0;
     for (double x : sorted)
-        mean += x / scale / double(sorted.size());
+        mean += std::ldexp(x, -e) / double(sorted.size());
     const std::size_t m = d.value.size();
     d.W.assign(m + 1, 0);
     d.S.assign(m + 1, 0);
     d.Q.assign(m + 1, 0);
     for (std::size_t i = 0; i < m; ++i) {
-        const double c = scale > 0 ? d.value[i] / scale - mean : 0.0;
+        const double c = std::ldexp(d.value[i], -e) - mean;
         d.W[i + 1] = d.W[i] + count[i];
         d.S[i + 1] = d.S[i] + count[i] * c;
         d.Q[i + 1] = d.Q[i] + count[i] * c * c;
