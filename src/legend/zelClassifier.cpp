@@ -47,8 +47,7 @@ std::vector<double> numbersOf(const QVariant &v)
 // A note in the error trail that does not stop the procedure.
 void note(const zel::Trail &t, const QString &text)
 {
-    mLog::ErrorLog(t.Name(), zelError(zelError::InvalidProcedureCall, t.Name(), text), t.Step,
-                   false);
+    mLog::ErrorLog(t.Name(), zelError(zelError::InvalidProcedureCall, {}, text), t.Step, false);
 }
 
 } // namespace
