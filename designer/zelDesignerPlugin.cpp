@@ -42,6 +42,10 @@ const zelDesignerEntry kEntries[] = {
 #endif
     {"zelTreeList", "lists/zelTreeList.h",
      "Multi-column tree of keyed records with pictures, expanded by key or by depth", 3600, 2400},
+    {"zelRangeEditor", "legend/zelRangeEditor.h",
+     "Legend of contiguous numeric ranges with values, colours and labels", 4800, 3000},
+    {"zelValueEditor", "legend/zelValueEditor.h",
+     "Legend of unique source values with values, colours and labels", 4800, 3000},
 };
 
 const QString kGroup = QStringLiteral("zelCtrl");

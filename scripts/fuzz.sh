@@ -8,7 +8,7 @@ set -euo pipefail
 runs=${1:-1000000}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(jsonbag inibag inputbox datetext setproperty columnstring)
+[ ${#targets[@]} -gt 0 ] || targets=(jsonbag inibag inputbox datetext setproperty columnstring numberformat)
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 

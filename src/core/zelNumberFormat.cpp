@@ -156,6 +156,14 @@ void digitsOf(double v, int decimals, QString &whole, QString &fraction)
     fraction = dot < 0 ? QString() : s.mid(dot + 1);
 }
 
+// v / 10^e in two steps, so that neither power overflows or vanishes for
+// numbers near the ends of the double range.
+double scaleDown(double v, int e)
+{
+    const int half = e / 2;
+    return v / std::pow(10.0, half) / std::pow(10.0, e - half);
+}
+
 QString group(const QString &digits)
 {
     QString out;
@@ -168,12 +176,16 @@ QString group(const QString &digits)
     return out;
 }
 
-QString render(const Section &sec, double v)
+QString render(const Section &sec, const double value)
 {
+    double v = value;
     for (int i = 0; i < sec.percents; ++i)
         v *= 100.0;
     for (int i = 0; i < sec.scale; ++i)
         v /= 1000.0;
+    // So many percent signs that the number left the double range.
+    if (!std::isfinite(v))
+        return PlainNumber(value);
     int intZeros = 0, intPlaces = 0, fracPlaces = 0, fracZeros = 0, expZeros = 0;
     bool leadingZero = false;
     for (const Token &t : sec.tokens) {
@@ -197,13 +209,13 @@ QString render(const Section &sec, double v)
     if (sec.exponent && v != 0.0) {
         const int lead = std::max(intPlaces, 1);
         exponent = int(std::floor(std::log10(v))) - (lead - 1);
-        double m = v / std::pow(10.0, exponent);
+        double m = scaleDown(v, exponent);
         // Rounding may carry into one more digit than the placeholders show.
         QString w, f;
         digitsOf(m, fracPlaces, w, f);
         if (w.size() > lead) {
             ++exponent;
-            m = v / std::pow(10.0, exponent);
+            m = scaleDown(v, exponent);
         }
         v = m;
     }
@@ -326,6 +338,8 @@ QString FormatNumber(double value, const QString &format)
         which = 2;
     const bool sign = value < 0 && which == 0;
     const Section &sec = sections[which];
+    if ((*parts)[qsizetype(which)].isEmpty())
+        return PlainNumber(value);
     if (!sec.hasDigits && sec.percents == 0) {
         QString out;
         for (const Token &t : sec.tokens)

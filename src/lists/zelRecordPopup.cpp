@@ -25,6 +25,35 @@ public:
     }
 };
 
+// A hidden drop-down does not lay out its rows: a column resized before a
+// fill would otherwise have the view walk a million rows on a timer while
+// nobody sees them. What it owes is done when it is shown.
+class zelPopupView : public QTreeView
+{
+public:
+    using QTreeView::QTreeView;
+
+protected:
+    void updateGeometries() override
+    {
+        if (!isVisible()) {
+            m_owed = true;
+            return;
+        }
+        m_owed = false;
+        QTreeView::updateGeometries();
+    }
+    void showEvent(QShowEvent *event) override
+    {
+        QTreeView::showEvent(event);
+        if (m_owed)
+            updateGeometries();
+    }
+
+private:
+    bool m_owed = false;
+};
+
 } // namespace
 
 zelRecordComboBox::zelRecordComboBox(QWidget *parent) : QComboBox(parent)
@@ -60,7 +89,7 @@ void zelRecordComboBox::wheelEvent(QWheelEvent *event)
 }
 
 zelRecordPopup::zelRecordPopup(zelRecordCombo *owner, zelRecordModel *model, bool tree)
-    : QFrame(owner, Qt::Popup), m_owner(owner), m_model(model), m_view(new QTreeView(this))
+    : QFrame(owner, Qt::Popup), m_owner(owner), m_model(model), m_view(new zelPopupView(this))
 {
     setFrameShape(QFrame::Box);
     auto *layout = new QVBoxLayout(this);

@@ -150,6 +150,8 @@ private slots:
         row("zelCombo", "Sorted", true);
         row("zelComboTree", "HasLines", false);
         row("zelTreeList", "HeaderVisible", false);
+        row("zelRangeEditor", "SrcFormat", QStringLiteral("#,##0.0"));
+        row("zelValueEditor", "ShowLabel", true);
     }
 
     void propertySetInDesignerReachesTheRunningForm()

@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTableView>
 
@@ -105,6 +106,28 @@ private slots:
         const auto upper = e.Create(bounds.last() + 0.5, QStringLiteral("new"));
         QCOMPARE(upper->Value(), QVariant(QStringLiteral("new")));
         QCOMPARE(e.Item(upper->Index() + 1)->Min(), bounds.last() + 0.5);
+    }
+
+    void manyBoundsInAnyOrder()
+    {
+        zelRangeEditor e;
+        QList<double> bounds;
+        QRandomGenerator rng(11);
+        e.BeginUpdate();
+        for (int i = 0; i < 10000; ++i) {
+            bounds << double(rng.bounded(3000)) / 4;
+            e.Create(bounds.last());
+        }
+        // The grid hears of it all at once.
+        QCOMPARE(e.Grid()->model()->rowCount(), 0);
+        e.EndUpdate();
+        QCOMPARE(e.Grid()->model()->rowCount(), 10000);
+        QVERIFY(!layout(e).startsWith(QLatin1String("broken")));
+        // The first bound is the one range's hidden upper end; the others split.
+        bounds.removeFirst();
+        std::sort(bounds.begin(), bounds.end());
+        for (int i = 0; i < bounds.size(); ++i)
+            QCOMPARE(e.Item(i + 1)->Max(), bounds.at(i));
     }
 
     void badCreates_data()
