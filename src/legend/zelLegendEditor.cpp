@@ -44,7 +44,10 @@ QVariant zelLegendModel::data(const QModelIndex &index, int role) const
 
 bool zelLegendModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount())
+    // An edit the grid commits while the control is hidden or going away (its
+    // window closing takes the focus from the cell) is dropped: a refusal must
+    // not show a message box then.
+    if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount() || !m_e->isVisible())
         return false;
     m_e->EditCell(index.row(), index.column(), value.toString());
     return true;

@@ -92,6 +92,8 @@ public:
     Q_INVOKABLE void InitProperties() override { zelPropertyHost::InitProperties(); }
     const zel::zelPropertyTable &Properties() const override;
 
+    using zelLegendEditor::Refresh;
+
     QCheckBox *InterpolateBox() const { return m_chkInterpolate; }
     QCheckBox *IncludeLowerBoundBox() const { return m_chkIncludeLowerBound; }
 
