@@ -1,12 +1,21 @@
 #include "zelGallery.h"
 
+#include "fields/zelColorPicker.h"
+#include "legend/zelClassifier.h"
 #include "legend/zelRangeEditor.h"
 #include "legend/zelValueEditor.h"
 
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
+
+#include <memory>
+#include <random>
 
 // The legend editors: a range editor of elevation classes and a value editor
 // of land-use classes with their colours. Every Changed goes to the event
@@ -79,6 +88,69 @@ zelRangeEditor *addRangeEditor(QVBoxLayout *layout, zelEventLog *log)
     return ranges;
 }
 
+// Elevations of a generated terrain: plains, a hill country and a mountain
+// range, with some ground below sea level.
+std::vector<double> elevations()
+{
+    std::mt19937 rng(11);
+    std::normal_distribution<double> plains(120, 70), hills(650, 180), peaks(2100, 500);
+    std::vector<double> v;
+    for (int i = 0; i < 20000; ++i)
+        v.push_back(i % 10 < 5 ? plains(rng) : i % 10 < 8 ? hills(rng) : peaks(rng));
+    return v;
+}
+
+// The classifier's controls: the page opens with the elevations classed into
+// the range editor, any change classes them again, and the log says how long
+// that took.
+void addClassifier(QHBoxLayout *row, zelRangeEditor *ranges, zelEventLog *log)
+{
+    auto *classifier = new zelClassifier(ranges);
+    auto *method = new QComboBox;
+    method->setObjectName(QStringLiteral("cboMethod"));
+    method->addItems({QStringLiteral("Equal interval"), QStringLiteral("Quantile"),
+                      QStringLiteral("Standard deviation"), QStringLiteral("Pretty"),
+                      QStringLiteral("Natural breaks")});
+    method->setCurrentIndex(classifier->Method());
+    auto *count = new QSpinBox;
+    count->setObjectName(QStringLiteral("spnClasses"));
+    count->setRange(1, zel::zelMaxClasses);
+    count->setValue(classifier->ClassCount());
+    auto *from = new zelColorPicker, *to = new zelColorPicker;
+    from->SetBackColor(classifier->StartColor());
+    to->SetBackColor(classifier->EndColor());
+    auto *classify = new QPushButton(QStringLiteral("Classify"));
+    auto add = [row](const char *label, std::initializer_list<QWidget *> widgets) {
+        row->addWidget(new QLabel(QString::fromLatin1(label)));
+        for (QWidget *w : widgets)
+            row->addWidget(w);
+    };
+    add("Method", {method});
+    add("Classes", {count});
+    add("Colours", {from, to, classify});
+    row->addStretch();
+    const auto data = std::make_shared<const std::vector<double>>(elevations());
+    auto fill = [=] {
+        classifier->SetMethod(method->currentIndex());
+        classifier->SetClassCount(count->value());
+        classifier->SetStartColor(from->BackColor());
+        classifier->SetEndColor(to->BackColor());
+        QElapsedTimer timer;
+        timer.start();
+        classifier->Fill(*ranges, *data);
+        log->Say(QStringLiteral("classifier.Fill: %1 elevations into %2 ranges in %3 ms")
+                     .arg(data->size())
+                     .arg(ranges->Count())
+                     .arg(timer.elapsed()));
+    };
+    QObject::connect(method, &QComboBox::currentIndexChanged, classifier, fill);
+    QObject::connect(count, &QSpinBox::valueChanged, classifier, fill);
+    QObject::connect(from, &zelColorPicker::Click, classifier, fill);
+    QObject::connect(to, &zelColorPicker::Click, classifier, fill);
+    QObject::connect(classify, &QPushButton::clicked, classifier, fill);
+    fill();
+}
+
 zelValueEditor *addValueEditor(QVBoxLayout *layout, zelEventLog *log)
 {
     auto *box = new QGroupBox(QStringLiteral("Land use: zelValueEditor"));
@@ -119,8 +191,8 @@ QWidget *makePage(zelEventLog *log)
 {
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
-    addClassificationRow(layout);
-    addRangeEditor(layout, log);
+    QHBoxLayout *row = addClassificationRow(layout);
+    addClassifier(row, addRangeEditor(layout, log), log);
     addValueEditor(layout, log);
     return page;
 }

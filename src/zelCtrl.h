@@ -48,6 +48,8 @@
 #include "lists/zelComboTree.h"
 #include "lists/zelTreeList.h"
 
+#include "legend/zelBreaks.h"
+#include "legend/zelClassifier.h"
 #include "legend/zelRangeEditor.h"
 #include "legend/zelRangeItem.h"
 #include "legend/zelValueEditor.h"
