@@ -1,5 +1,7 @@
 #include "platform/zelFileSystem.h"
 
+#include "platform/zelPath.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +9,7 @@
 #include <QSet>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace zel {
@@ -22,8 +25,15 @@ std::unique_ptr<FileSystem> &current()
 // Deeper than any tree a person makes; a chain of links goes no further.
 constexpr int MaxDepth = 128;
 
-void walk(const QString &root, const QString &rel, const QStringList &patterns, int depth,
-          QSet<QString> &seen, QList<FileEntry> &out, QStringList &problems)
+// One wildcard rule for the library: the file explorer's.
+bool matchesAny(const std::vector<path::FilePattern> &patterns, const QString &name)
+{
+    return std::any_of(patterns.begin(), patterns.end(),
+                       [&](const path::FilePattern &p) { return p.Matches(name); });
+}
+
+void walk(const QString &root, const QString &rel, const std::vector<path::FilePattern> &patterns,
+          int depth, QSet<QString> &seen, QList<FileEntry> &out, QStringList &problems)
 {
     const QString folder = rel.isEmpty() ? root : root + QLatin1Char('/') + rel;
     const QString canonical = QFileInfo(folder).canonicalFilePath();
@@ -47,7 +57,7 @@ void walk(const QString &root, const QString &rel, const QStringList &patterns, 
         const QString path = rel.isEmpty() ? fi.fileName() : rel + QLatin1Char('/') + fi.fileName();
         if (fi.isDir()) {
             walk(root, path, patterns, depth + 1, seen, out, problems);
-        } else if (fi.isFile() && (patterns.isEmpty() || QDir::match(patterns, fi.fileName()))) {
+        } else if (fi.isFile() && (patterns.empty() || matchesAny(patterns, fi.fileName()))) {
             out.append({path, fi.size(), fi.lastModified().toUTC()});
         } else if (fi.isSymLink() && !fi.exists()) {
             problems << QStringLiteral("broken link: ") + fi.filePath();
@@ -70,7 +80,10 @@ QList<FileEntry> FileSystem::ListFiles(const QString &root, const QStringList &p
 {
     QList<FileEntry> out;
     QSet<QString> seen;
-    walk(root, QString(), patterns, 0, seen, out, problems);
+    std::vector<path::FilePattern> compiled;
+    for (const QString &p : patterns)
+        compiled.emplace_back(p);
+    walk(root, QString(), compiled, 0, seen, out, problems);
     return out;
 }
 
@@ -81,10 +94,10 @@ bool FileSystem::Exists(const QString &path)
 
 bool FileSystem::Stat(const QString &path, FileEntry &entry)
 {
-    const QFileInfo fi(path);
-    if (!fi.isFile())
+    const path::FileFacts facts = path::StatFile(path);
+    if (!facts.Exists)
         return false;
-    entry = {path, fi.size(), fi.lastModified().toUTC()};
+    entry = {path, facts.Size, facts.Modified};
     return true;
 }
 
