@@ -56,7 +56,7 @@ class ZELCTRL_EXPORT zelToolbars : public zel::SharedObject<zelToolbars>
     Q_PROPERTY(qint32 Count READ Count)
     Q_PROPERTY(std::shared_ptr<zelTools> Tools READ Tools)
     Q_PROPERTY(bool IgnoreEvents READ IgnoreEvents WRITE SetIgnoreEvents)
-    Q_PROPERTY(QObject *NativeControl READ NativeControl)
+    Q_PROPERTY(QObject *NativeControl READ NativeControl WRITE SetNativeControl)
     Q_PROPERTY(qint32 LeftMargin READ LeftMargin)
     Q_PROPERTY(qint32 TopMargin READ TopMargin)
     Q_PROPERTY(qint32 RightMargin READ RightMargin)
@@ -96,7 +96,7 @@ public:
     QObject *NativeControl() const;
     // Takes a QMainWindow, or nothing to let go of the window. Anything else
     // is logged and refused, and the window driven before stays.
-    Q_INVOKABLE void SetNativeControl(QObject *oControl);
+    void SetNativeControl(QObject *oControl);
     // The space that docked, visible toolbars (and the menu bar, at the top)
     // take at each edge of the window, in twips.
     qint32 LeftMargin() const;

@@ -71,8 +71,13 @@ QList<Property> propertiesOf(QObject *o)
     const QMetaObject *mo = o->metaObject();
     for (int i = firstOwn(mo, false); i < mo->propertyCount(); ++i) {
         const QMetaProperty p = mo->property(i);
-        list.append(
-            {QString::fromLatin1(p.name()), kindOf(p.metaType()), p.isWritable(), nullptr, {}});
+        // An object reference takes the host's own objects only: no value to try.
+        const bool object = p.metaType().flags() & QMetaType::PointerToQObject;
+        list.append({QString::fromLatin1(p.name()),
+                     kindOf(p.metaType()),
+                     p.isWritable() && !object,
+                     nullptr,
+                     {}});
     }
     return list;
 }

@@ -122,7 +122,9 @@ private slots:
         QMainWindow a, b;
         auto *ctl = new zelToolbarCtrl(&a);
         zelToolbars twin;
-        twin.SetNativeControl(&b);
+        // A late-bound host hands the window over by name.
+        QVERIFY(zel::SetProperty(&twin, "NativeControl", QVariant::fromValue<QObject *>(&b)));
+        QCOMPARE(twin.NativeControl(), &b);
         for (QObject *o : {static_cast<QObject *>(ctl), static_cast<QObject *>(&twin)}) {
             zel::CallByName(o, "Create", {"File", "File"});
             zel::CallByName(o, "Create", {"View", "View"});
@@ -267,7 +269,7 @@ private slots:
         if (call == "visible")
             bars->ToolbarVisible("Nope", false);
         if (call == "window") {
-            bars->SetNativeControl(&plain);
+            zel::SetProperty(bars.get(), "NativeControl", QVariant::fromValue<QObject *>(&plain));
             QCOMPARE(bars->NativeControl(), &app.window);
         }
         if (call == "picture") {
