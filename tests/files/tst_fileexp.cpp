@@ -232,21 +232,27 @@ private slots:
 
     void splitterStopsAtItsClamps_data()
     {
-        zelColumns<bool, qint32, qint32>({"drag", "to", "left"});
-        zelRow("set far left", false, -1000000000, 3000);
-        zelRow("set far right", false, 1000000000, 7000);
-        zelRow("set within", false, 4000, 4000);
-        zelRow("dragged to 1000", true, 1000, 3000);
-        zelRow("dragged beyond the right", true, 20000, 7000);
-        zelRow("dragged within", true, 5010, 5010);
+        // The control is 9000 x 6000 twips at 96 DPI (15 twips a pixel) and at 144 (10).
+        zelColumns<bool, qint32, qint32, int>({"drag", "to", "left", "twipsPerPixel"});
+        zelRow("set far left", false, -1000000000, 3000, 15);
+        zelRow("set far right", false, 1000000000, 7000, 15);
+        zelRow("set within", false, 4000, 4000, 15);
+        zelRow("dragged to 1000", true, 1000, 3000, 15);
+        zelRow("dragged beyond the right", true, 20000, 7000, 15);
+        zelRow("dragged within", true, 5010, 5010, 15);
+        zelRow("set far right, 144 DPI", false, 1000000000, 7000, 10);
+        zelRow("dragged within, 144 DPI", true, 5010, 5010, 10);
+        zelRow("dragged beyond the right, 144 DPI", true, 20000, 7000, 10);
     }
     void splitterStopsAtItsClamps()
     {
-        const auto [drag, to, left] = zelFetch<bool, qint32, qint32>({"drag", "to", "left"});
-        zelTestScope scope; // 15 twips a pixel
+        const auto [drag, to, left, tpp] =
+            zelFetch<bool, qint32, qint32, int>({"drag", "to", "left", "twipsPerPixel"});
+        zelTestScope scope;
+        scope.fake().twipsPerPixel = tpp;
         QWidget form;
         auto *x = new zelFileExp(&form);
-        x->resize(600, 400); // 9000 x 6000 twips
+        x->resize(9000 / tpp, 6000 / tpp);
         form.show();
         QStringList &log = *record(*x);
         QWidget *bar = x->findChild<QWidget *>(QStringLiteral("txtSplitter"));
@@ -260,7 +266,7 @@ private slots:
             QCOMPARE(x->SplitterLeft(), 3300);
             send(QEvent::MouseButtonPress, 0, Qt::LeftButton);
             QCOMPARE(x->SplitterColor(), 0x8000000Cu);
-            send(QEvent::MouseMove, (to - 3300) / 15, Qt::LeftButton);
+            send(QEvent::MouseMove, (to - 3300) / tpp, Qt::LeftButton);
             send(QEvent::MouseButtonRelease, 0, {});
             QCOMPARE(x->SplitterColor(), 0x8000000Fu);
         } else {
