@@ -384,6 +384,42 @@ private slots:
         QCOMPARE(l.ShowHeader, header);
     }
 
+    // The real wizard places its pane and bottom band where the twips
+    // layout says, within a pixel, at 96 DPI and at 144.
+    void placesItsPartsAtBothDpis_data()
+    {
+        zelColumns<int>({"twipsPerPixel"});
+        zelRow("96 DPI", 15);
+        zelRow("144 DPI", 10);
+    }
+    void placesItsPartsAtBothDpis()
+    {
+        const auto [tpp] = zelFetch<int>({"twipsPerPixel"});
+        zelTestScope scope;
+        scope.fake().twipsPerPixel = tpp;
+        Rig rig(QStringLiteral("A>B B<A!l"));
+        rig.wiz->resize(9000 / tpp, 6000 / tpp);
+        rig.form.show();
+        QCoreApplication::processEvents();
+        QWidget *pane = rig.wiz->findChildren<zelPane *>().first();
+        auto near = [tpp](const QRect &pixels, const QRect &twips) {
+            const QRect t(pixels.x() * tpp, pixels.y() * tpp, pixels.width() * tpp,
+                          pixels.height() * tpp);
+            return qAbs(t.left() - twips.left()) < tpp && qAbs(t.top() - twips.top()) < tpp &&
+                   qAbs(t.right() - twips.right()) <= tpp &&
+                   qAbs(t.bottom() - twips.bottom()) <= tpp;
+        };
+        QVERIFY2(near(pane->geometry(), QRect(2580, 120, 6300, 5205)),
+                 qPrintable(QStringLiteral("pane at %1,%2 %3x%4 pixels")
+                                .arg(pane->x())
+                                .arg(pane->y())
+                                .arg(pane->width())
+                                .arg(pane->height())));
+        const QWidget *bottom = rig.wiz->findChild<QWidget *>(QStringLiteral("fraBottomBack"));
+        QVERIFY(qAbs(bottom->y() * tpp - 5445) < tpp);
+        QVERIFY(qAbs((bottom->x() + bottom->width()) * tpp - 9000) <= tpp);
+    }
+
     void progress_data()
     {
         zelColumns<double, double, double, int, int>({"min", "max", "value", "errors", "shown"});
