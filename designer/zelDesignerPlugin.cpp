@@ -51,8 +51,7 @@ const zelDesignerEntry kEntries[] = {
     {"zelValueEditor", "legend/zelValueEditor.h",
      "Legend of unique source values with values, colours and labels", 4800, 3000},
     {"zelToolbarCtrl", "toolbars/zelToolbarCtrl.h",
-     "Toolbars and menus of the main window it is placed on; shows nothing at run time", 1200,
-     480},
+     "Toolbars and menus of the main window it is placed on; shows nothing at run time", 1200, 480},
     {"zelWizard", "wizard/zelWizard.h",
      "Wizard that shows one pane at a time with Back, Next, Finish and Cancel; drop panes into it",
      9000, 6000},
@@ -60,8 +59,8 @@ const zelDesignerEntry kEntries[] = {
      "One step of a wizard: draw its widgets on it and chain it to the next pane by name", 6000,
      4500},
     {"zelFileExp", "files/zelFileExp.h",
-     "Folder tree and filtered file list with a splitter; a file-choosing step of a wizard",
-     7500, 4500},
+     "Folder tree and filtered file list with a splitter; a file-choosing step of a wizard", 7500,
+     4500},
 };
 
 // Controls that take other widgets: panes go into a wizard, a step's widgets onto a pane.

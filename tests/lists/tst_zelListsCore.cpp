@@ -38,7 +38,7 @@ class tst_zelListsCore : public QObject
 private slots:
     void parseColumns_data();
     void parseColumns();
-    void absurdSpecifications();
+    void absurdColumnStrings();
     void records();
     void removeRecordWalk_data();
     void removeRecordWalk();
@@ -83,7 +83,7 @@ void tst_zelListsCore::parseColumns()
     QCOMPARE(describe(zel::ParseColumns(colText, dialect, tpp)), expected);
 }
 
-void tst_zelListsCore::absurdSpecifications()
+void tst_zelListsCore::absurdColumnStrings()
 {
     zel::zelColumnParseIssues issues;
     const QString many = QString(100000, QLatin1Char('\t'));

@@ -85,14 +85,14 @@ struct Rig
     QStringList log;
     QSet<QString> hostVetoes;
 
-    explicit Rig(const QString &spec)
+    explicit Rig(const QString &panes)
     {
         wiz->resize(640, 400);
         // Built as a designer builds a form: nothing starts while it is.
         zel::SetUserMode(&form, false);
         static const QRegularExpression token(
             QStringLiteral("^([~?-]?)([^>!<]*)(?:>([^!<]*))?(?:<([^!]*))?(?:!(\\w+))?$"));
-        for (const QString &t : spec.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        for (const QString &t : panes.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
             const auto m = token.match(t);
             QString name = m.captured(2).replace(QLatin1Char('_'), QLatin1Char(' '));
             const QString flags = m.captured(5);
